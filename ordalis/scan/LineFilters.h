@@ -1,0 +1,29 @@
+/*
+ * LineFilters.h - line-level work of the scan and the preview: global
+ * filters, blank and numeric classification, and cutting a line into values.
+ * Not re-entrant (static output buffer, module-wide value array).
+ */
+#ifndef TW_LINEFILTERS_H
+#define TW_LINEFILTERS_H
+
+#include <cstdint>
+
+#include "Instructions.h"
+
+namespace corvane::cvnutildataio {
+
+/* True when the line holds no letter or digit. */
+bool TW_IsBlankLine(const char *Line);
+/* Replaces Line (at most 64000 characters) by its filtered form. */
+void TW_PreprocessLine(char *Line, const TW_GlobalFilters_s *Filters);
+/* True when the line holds a digit and no letter other than e/E. */
+bool TW_IsNumericLine(const char *Line);
+/* Cuts Line into values (GlobalLineBuffer); *Values stays valid until the
+   next call. LineNumber (1-based) is used in the question text. */
+void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
+                               const TW_ConfigInstructions_s *Instr, const double **Values,
+                               int32_t *Count);
+
+} // namespace corvane::cvnutildataio
+
+#endif

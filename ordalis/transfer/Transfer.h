@@ -1,0 +1,18 @@
+/*
+ * Transfer.h - turns a scanned data set into a new host data set.
+ */
+#ifndef TW_TRANSFER_H
+#define TW_TRANSFER_H
+
+#include "CvnAPI.h"
+#include "FileDataSet.h"
+
+namespace corvane::cvnutildataio {
+
+/* Creates the host data set with its zones and values. *PlotType is written
+   first and stays written on failure. */
+Boolean_t LoadDataIntoCorvane(const TW_FileDataSet_s *DataSet, PlotType_e &PlotType);
+
+} // namespace corvane::cvnutildataio
+
+#endif

@@ -1,0 +1,34 @@
+/*
+ * DoubleArray.h - growable array of doubles (one variable of one zone, or
+ * the values of one scanned line). Grows by a fixed step of 7919 values.
+ */
+#ifndef TW_DOUBLEARRAY_H
+#define TW_DOUBLEARRAY_H
+
+#include <cstdint>
+
+namespace corvane::cvnutildataio {
+
+#define TW_DOUBLEARRAY_STEP 7919
+
+typedef struct {
+    int32_t Count;  /* values stored */
+    double *Values; /* heap buffer */
+} TW_DoubleArray_s;
+
+/* New empty array with room for 7919 values; NULL after "Out of memory". */
+TW_DoubleArray_s *TW_DoubleArrayAlloc();
+void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array);
+/* False after "Out of memory"; the array then holds what it held before. */
+bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value);
+bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value);
+int32_t TW_DoubleArrayGetSize(const TW_DoubleArray_s *Array);
+double *TW_DoubleArrayGetArray(const TW_DoubleArray_s *Array);
+double TW_DoubleArrayGetAt(const TW_DoubleArray_s *Array, int32_t Index);
+/* Empties the array to a fresh 7919-value buffer. If that buffer cannot be
+   made the record itself is released: the caller must not use it again. */
+void TW_DoubleArrayRemoveAll(TW_DoubleArray_s *Array);
+
+} // namespace corvane::cvnutildataio
+
+#endif

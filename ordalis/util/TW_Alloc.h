@@ -1,0 +1,28 @@
+/*
+ * TW_Alloc.h - the add-on's standard-allocator calls, with failure injection.
+ *
+ * Every malloc/calloc/realloc of the add-on goes through these wrappers so
+ * that tests can make the n-th call fail and reach each "Out of memory" path.
+ * Outside tests they are the plain standard functions.
+ */
+#ifndef TW_ALLOC_H
+#define TW_ALLOC_H
+
+#include <cstddef>
+
+namespace corvane::cvnutildataio {
+
+void *TW_Malloc(size_t Size);
+void *TW_Calloc(size_t Count, size_t Size);
+void *TW_Realloc(void *Block, size_t Size);
+void TW_Free(void *Block);
+
+/* Test hook: the N-th allocation from now on (1 = the next) returns NULL;
+   0 switches injection off. */
+void TW_AllocFailAt(long N);
+/* Test hook: number of allocations made since the last TW_AllocFailAt. */
+long TW_AllocCount();
+
+} // namespace corvane::cvnutildataio
+
+#endif
