@@ -55,6 +55,7 @@ private:
     std::optional<int> cancelAt_;
     bool progressUp_ = false;
     bool progressCancel_ = false;
+    bool cancelFired_ = false; /* the open box's Cancel was pressed */
     std::vector<UiEvent> events_;
     std::vector<int> checks_;
 };

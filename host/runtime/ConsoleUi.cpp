@@ -1,0 +1,241 @@
+/*
+ * ConsoleUi.cpp - boxes on the command line: texts on standard error,
+ * questions answered from the queue, the policy or a prompt, a one-line
+ * progress bar, and Ctrl-C as the Cancel button of a progress box.
+ */
+#include "ConsoleUi.h"
+
+#include <atomic>
+#include <csignal>
+#include <string>
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+namespace corvane::host {
+
+namespace {
+
+/* Set by SIGINT while a progress box with a Cancel button is up; cleared
+   when such a box is launched. */
+std::atomic<bool> interrupted{false};
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+extern "C" void onInterrupt(int)
+{
+    interrupted.store(true);
+}
+
+bool isTerminal(std::FILE *stream)
+{
+    return ::isatty(::fileno(stream)) == 1;
+}
+
+bool isQuestion(MessageBoxType_e type)
+{
+    return type == MessageBox_Question || type == MessageBox_YesNo;
+}
+
+constexpr int barWidth = 30;
+
+} // namespace
+
+struct ConsoleUi::State {
+    ConsoleOptions options;
+    std::FILE *in;
+    std::FILE *err;
+    bool progressUp = false;
+    bool progressCancel = false; /* the open box has a Cancel button */
+    bool cancelFired = false;    /* its Cancel was pressed */
+    std::string label;
+    std::size_t barLength = 0; /* characters of the bar now on the line; 0 = none */
+    bool handlerInstalled = false;
+    struct sigaction previousHandler {};
+
+    explicit State(ConsoleOptions opts)
+        : options(std::move(opts)), in(options.in != nullptr ? options.in : stdin),
+          err(options.err != nullptr ? options.err : stderr)
+    {
+    }
+
+    void emit(const UiEvent &event) const
+    {
+        if (options.onEvent)
+            options.onEvent(event);
+    }
+
+    bool drawsBar() const { return !options.quiet && isTerminal(err); }
+
+    void clearBar()
+    {
+        if (barLength == 0)
+            return;
+        fmt::print(err, "\r{}\r", std::string(barLength, ' '));
+        std::fflush(err);
+        barLength = 0;
+    }
+
+    void drawBar(int percent)
+    {
+        if (!drawsBar())
+            return;
+        int shown = percent < 0 ? 0 : percent > 100 ? 100 : percent;
+        int filled = shown * barWidth / 100;
+        std::string line = fmt::format("{} [{}{}] {:3d}%", label, std::string(filled, '#'),
+                                       std::string(barWidth - filled, '.'), shown);
+        std::string padding(barLength > line.size() ? barLength - line.size() : 0, ' ');
+        fmt::print(err, "\r{}{}", line, padding);
+        std::fflush(err);
+        barLength = line.size() + padding.size();
+    }
+
+    /* Writes a line of text, keeping the bar below it. */
+    void say(std::string_view text)
+    {
+        bool hadBar = barLength != 0;
+        clearBar();
+        fmt::print(err, "{}\n", text);
+        std::fflush(err);
+        if (hadBar)
+            drawBar(0);
+    }
+
+    void installInterruptHandler()
+    {
+        struct sigaction action {};
+        action.sa_handler = onInterrupt;
+        sigemptyset(&action.sa_mask);
+        interrupted.store(false);
+        if (sigaction(SIGINT, &action, &previousHandler) == 0)
+            handlerInstalled = true;
+    }
+
+    void restoreInterruptHandler()
+    {
+        if (!handlerInstalled)
+            return;
+        sigaction(SIGINT, &previousHandler, nullptr);
+        handlerInstalled = false;
+    }
+
+    /* Reads the user's answer at a prompt: yes only for a line starting
+       with y or Y. */
+    bool prompt(std::string_view text)
+    {
+        clearBar();
+        fmt::print(err, "{} [y/N] ", text);
+        std::fflush(err);
+        std::string line;
+        int c;
+        while ((c = std::fgetc(in)) != EOF && c != '\n')
+            line.push_back(static_cast<char>(c));
+        if (c == EOF)
+            fmt::print(err, "\n");
+        std::size_t first = line.find_first_not_of(" \t");
+        return first != std::string::npos && (line[first] == 'y' || line[first] == 'Y');
+    }
+};
+
+ConsoleUi::ConsoleUi(ConsoleOptions options) : state_(std::make_unique<State>(std::move(options))) {}
+
+ConsoleUi::~ConsoleUi()
+{
+    state_->clearBar();
+    state_->restoreInterruptHandler();
+}
+
+void ConsoleUi::error(std::string_view text)
+{
+    state_->say(text);
+    state_->emit({UiEvent::Kind::error, "", std::string(text), "", false});
+}
+
+bool ConsoleUi::message(MessageBoxType_e type, std::string_view text)
+{
+    State &s = *state_;
+    bool answer = true;
+    if (isQuestion(type)) {
+        bool typed = false;
+        bool guessed = false;
+        if (!s.options.answers.empty()) {
+            answer = s.options.answers.front();
+            s.options.answers.pop_front();
+        } else if (s.options.policy) {
+            answer = *s.options.policy;
+        } else if (isTerminal(s.in) && isTerminal(s.err)) {
+            answer = s.prompt(text);
+            typed = true;
+        } else {
+            answer = false;
+            guessed = true;
+        }
+        if (!typed)
+            s.say(fmt::format("{} -> {}", text, answer ? "yes" : "no"));
+        if (guessed)
+            s.say("corvane: answered No to the question above; --yes or --answers would answer Yes");
+    } else {
+        s.say(text);
+    }
+    std::string answerText = isQuestion(type) ? (answer ? "yes" : "no") : "ok";
+    s.emit({UiEvent::Kind::message, std::string(messageTypeName(type)), std::string(text),
+            answerText, false});
+    return answer;
+}
+
+void ConsoleUi::progressLaunch(std::string_view label, bool showCancel)
+{
+    State &s = *state_;
+    s.clearBar();
+    s.restoreInterruptHandler();
+    s.progressUp = true;
+    s.progressCancel = showCancel;
+    s.cancelFired = false;
+    s.label = std::string(label);
+    if (showCancel)
+        s.installInterruptHandler();
+    s.drawBar(0);
+    s.emit({UiEvent::Kind::progress, "", std::string(label), "", showCancel});
+}
+
+bool ConsoleUi::progressCheck(int percent)
+{
+    State &s = *state_;
+    if (!s.progressUp)
+        return true;
+    s.drawBar(percent);
+    if (!s.progressCancel)
+        return true;
+    if (!s.cancelFired &&
+        (interrupted.load() || (s.options.cancelAt && percent >= *s.options.cancelAt)))
+        s.cancelFired = true;
+    return !s.cancelFired;
+}
+
+void ConsoleUi::progressDrop()
+{
+    State &s = *state_;
+    s.clearBar();
+    s.restoreInterruptHandler();
+    s.progressUp = false;
+    s.progressCancel = false;
+    s.cancelFired = false;
+    s.emit({UiEvent::Kind::progressEnd, "", "", "", false});
+}
+
+std::optional<std::string> ConsoleUi::chooseFile(SelectFileOption_e /*option*/,
+                                                 std::string_view title,
+                                                 std::string_view /*defaultName*/,
+                                                 std::string_view /*filter*/)
+{
+    state_->say(fmt::format("corvane: no file chooser on the command line; \"{}\" cancelled", title));
+    state_->emit({UiEvent::Kind::file, "", std::string(title), "", false});
+    return std::nullopt;
+}
+
+void ConsoleUi::help(std::string_view page)
+{
+    state_->say(fmt::format("corvane: help page {}", page));
+    state_->emit({UiEvent::Kind::help, "", std::string(page), "", false});
+}
+
+} // namespace corvane::host

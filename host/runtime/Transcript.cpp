@@ -1,0 +1,48 @@
+/*
+ * Transcript.cpp - user-interface events as JSON Lines records, keys in a
+ * fixed order so that transcripts compare as text.
+ */
+#include "Transcript.h"
+
+#include <nlohmann/json.hpp>
+
+namespace corvane::host {
+
+std::string toJsonLine(const UiEvent &event)
+{
+    nlohmann::ordered_json record;
+    switch (event.kind) {
+    case UiEvent::Kind::error:
+        record["event"] = "error";
+        record["text"] = event.text;
+        break;
+    case UiEvent::Kind::message:
+        record["event"] = "message";
+        record["type"] = event.type;
+        record["text"] = event.text;
+        record["answer"] = event.answer;
+        break;
+    case UiEvent::Kind::progress:
+        record["event"] = "progress";
+        record["label"] = event.text;
+        record["cancel"] = event.cancel;
+        break;
+    case UiEvent::Kind::progressEnd:
+        record["event"] = "progress-end";
+        break;
+    case UiEvent::Kind::file:
+        record["event"] = "file";
+        record["title"] = event.text;
+        record["answer"] = event.answer;
+        break;
+    case UiEvent::Kind::help:
+        record["event"] = "help";
+        record["page"] = event.text;
+        break;
+    }
+    /* Texts come from data files and may not be UTF-8: replace bad bytes
+       rather than fail. */
+    return record.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+} // namespace corvane::host
