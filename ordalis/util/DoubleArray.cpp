@@ -1,0 +1,111 @@
+/*
+ * DoubleArray.cpp - growable array of doubles. The buffer grows by the
+ * fixed step TW_DOUBLEARRAY_STEP (7919 values): right after the value that
+ * makes Count a multiple of the step is stored, the buffer is enlarged to
+ * Count + step values, so there is always room for the next value.
+ */
+#include "DoubleArray.h"
+
+#include "CvnAPI.h"
+#include "TW_Alloc.h"
+
+namespace corvane::cvnutildataio {
+
+static const char *const OutOfMemory = "Out of memory";
+
+static inline size_t BytesFor(int64_t Values)
+{
+    return static_cast<size_t>(Values) * sizeof(double);
+}
+
+TW_DoubleArray_s *TW_DoubleArrayAlloc()
+{
+    TW_DoubleArray_s *Array = static_cast<TW_DoubleArray_s *>(TW_Malloc(sizeof(TW_DoubleArray_s)));
+    if (Array == nullptr) {
+        CvnUtilDialogErrMsg(OutOfMemory);
+        return nullptr;
+    }
+    Array->Count = 0;
+    Array->Values = static_cast<double *>(TW_Malloc(BytesFor(TW_DOUBLEARRAY_STEP)));
+    if (Array->Values == nullptr) {
+        CvnUtilDialogErrMsg(OutOfMemory);
+        TW_Free(Array);
+        return nullptr;
+    }
+    return Array;
+}
+
+void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array)
+{
+    if (Array == nullptr || *Array == nullptr)
+        return;
+    TW_Free((*Array)->Values);
+    TW_Free(*Array);
+    *Array = nullptr;
+}
+
+/* Enlarges a full buffer (Count a multiple of the step) by one step. On
+   failure shows "Out of memory" and leaves the buffer as it is. */
+static bool Grow(TW_DoubleArray_s *Array)
+{
+    double *Values = static_cast<double *>(
+        TW_Realloc(Array->Values, BytesFor(static_cast<int64_t>(Array->Count) + TW_DOUBLEARRAY_STEP)));
+    if (Values == nullptr) {
+        CvnUtilDialogErrMsg(OutOfMemory);
+        return false;
+    }
+    Array->Values = Values;
+    return true;
+}
+
+/* The buffer always has room for one more value; only a value that fills
+   it costs a function call. When growing fails the value is taken back, so
+   the array holds what it held before the call. */
+bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
+{
+    Array->Values[Array->Count++] = Value;
+    if (__builtin_expect(Array->Count % TW_DOUBLEARRAY_STEP != 0, 1))
+        return true;
+    if (Grow(Array))
+        return true;
+    Array->Count--;
+    return false;
+}
+
+/* Appends Value N times; N <= 0 changes nothing. On failure the values
+   stored before the failing growth stay. */
+bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value)
+{
+    for (int32_t I = 0; I < N; I++)
+        if (!TW_DoubleArrayAdd(Array, Value))
+            return false;
+    return true;
+}
+
+int32_t TW_DoubleArrayGetSize(const TW_DoubleArray_s *Array)
+{
+    return Array->Count;
+}
+
+double *TW_DoubleArrayGetArray(const TW_DoubleArray_s *Array)
+{
+    return Array->Values;
+}
+
+double TW_DoubleArrayGetAt(const TW_DoubleArray_s *Array, int32_t Index)
+{
+    return Array->Values[Index];
+}
+
+void TW_DoubleArrayRemoveAll(TW_DoubleArray_s *Array)
+{
+    TW_Free(Array->Values);
+    Array->Count = 0;
+    Array->Values = static_cast<double *>(TW_Malloc(BytesFor(TW_DOUBLEARRAY_STEP)));
+    if (Array->Values == nullptr) {
+        CvnUtilDialogErrMsg(OutOfMemory);
+        TW_Free(Array);
+    }
+}
+
+} // namespace corvane::cvnutildataio

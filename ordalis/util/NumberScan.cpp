@@ -1,0 +1,233 @@
+/*
+ * NumberScan.cpp - the number scanners: Str_ScanForDouble decides what
+ * counts as a number in a data file, Str_ScanForLgIndex reads integers of
+ * instruction text and number lists; plus the cursor movers.
+ *
+ * Str_ScanForDouble runs once per value of every data file. It checks the
+ * syntax and gathers the decimal digits in one pass; when the digits form an
+ * exact double and the power of ten is small, the value is one correctly
+ * rounded multiplication or division, which is what strtod returns. Other
+ * texts go to strtod itself.
+ */
+#include <cstdint>
+#include <cstdlib>
+
+#include "StringUtil.h"
+
+namespace corvane::cvnutildataio {
+
+namespace {
+
+/* isspace of the C locale as a table. */
+constexpr bool IsSpaceTable(unsigned char C)
+{
+    return C == ' ' || C == '\t' || C == '\n' || C == '\v' || C == '\f' || C == '\r';
+}
+
+struct SpaceTable {
+    bool Is[256];
+};
+
+constexpr SpaceTable MakeSpaceTable()
+{
+    SpaceTable T{};
+    for (int C = 0; C < 256; C++)
+        T.Is[C] = IsSpaceTable(static_cast<unsigned char>(C));
+    return T;
+}
+
+constexpr SpaceTable Space = MakeSpaceTable();
+
+/* Exact powers of ten as doubles (10^22 is the largest exact one). */
+constexpr double Pow10Double[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/* Powers of ten as integers, for appending held-back zeros to a mantissa. */
+constexpr uint64_t Pow10Int[] = {1ULL,
+                                 10ULL,
+                                 100ULL,
+                                 1000ULL,
+                                 10000ULL,
+                                 100000ULL,
+                                 1000000ULL,
+                                 10000000ULL,
+                                 100000000ULL,
+                                 1000000000ULL,
+                                 10000000000ULL,
+                                 100000000000ULL,
+                                 1000000000000ULL,
+                                 10000000000000ULL,
+                                 100000000000000ULL,
+                                 1000000000000000ULL,
+                                 10000000000000000ULL,
+                                 100000000000000000ULL,
+                                 1000000000000000000ULL,
+                                 10000000000000000000ULL};
+
+constexpr int MaxMantissaDigits = 19;             /* always fits in 64 bits */
+constexpr uint64_t MaxExactMantissa = 1ULL << 53; /* doubles hold it exactly */
+constexpr int MaxExponentValue = 308;
+
+inline bool IsDigit(unsigned char C)
+{
+    return static_cast<unsigned char>(C - '0') < 10;
+}
+
+} // namespace
+
+/* True when a whole number token starts at *Cursor (after spaces and tabs):
+   [sign] digits [. digits] [(E|e|D|d) [sign] digits], followed by the end of
+   the string or white space. Exponents of two or more digits above 308 are
+   refused whatever their sign. *Value is what strtod reads from the token:
+   a D exponent is not part of it and a lone sign or point reads as 0.
+   On success the cursor ends after the token; on failure it is left at the
+   token's start (past the skipped blanks) and *Value is untouched. */
+bool Str_ScanForDouble(const char **Cursor, double *Value)
+{
+    const unsigned char *P = reinterpret_cast<const unsigned char *>(*Cursor);
+    while (*P == ' ' || *P == '\t')
+        P++;
+    *Cursor = reinterpret_cast<const char *>(P);
+    const unsigned char *Start = P;
+
+    bool Negative = false;
+    if (*P == '+' || *P == '-') {
+        Negative = *P == '-';
+        P++;
+    }
+
+    /* The digits as Mantissa * 10^(HeldZeros - FractionDigits); zeros after
+       the last non-zero digit are held back until another digit needs them. */
+    uint64_t Mantissa = 0;
+    int SignificantDigits = 0;
+    int HeldZeros = 0;
+    int FractionDigits = 0;
+    bool Inexact = false;
+    bool AnyDigit = false;
+    bool InFraction = false;
+
+    for (;; P++) {
+        unsigned char C = *P;
+        if (IsDigit(C)) {
+            AnyDigit = true;
+            FractionDigits += InFraction;
+            unsigned Digit = C - '0';
+            if (Digit == 0) {
+                HeldZeros += SignificantDigits > 0;
+            } else if (SignificantDigits + HeldZeros + 1 <= MaxMantissaDigits) {
+                Mantissa = Mantissa * Pow10Int[HeldZeros + 1] + Digit;
+                SignificantDigits += HeldZeros + 1;
+                HeldZeros = 0;
+            } else {
+                Inexact = true;
+            }
+        } else if (C == '.' && !InFraction) {
+            InFraction = true;
+        } else {
+            break;
+        }
+    }
+    if (P == Start)
+        return false;
+
+    int Exponent = 0;
+    bool ExponentRead = false; /* an E exponent: strtod understands it */
+    if (*P == 'E' || *P == 'e' || *P == 'D' || *P == 'd') {
+        ExponentRead = *P == 'E' || *P == 'e';
+        P++;
+        bool ExponentNegative = false;
+        if (*P == '+' || *P == '-') {
+            ExponentNegative = *P == '-';
+            P++;
+        }
+        if (!IsDigit(*P))
+            return false;
+        int Digits = 0;
+        while (IsDigit(*P)) {
+            if (Exponent <= MaxExponentValue)
+                Exponent = Exponent * 10 + (*P - '0');
+            Digits++;
+            P++;
+        }
+        if (Digits >= 2 && Exponent > MaxExponentValue)
+            return false;
+        if (ExponentNegative)
+            Exponent = -Exponent;
+    }
+    if (*P != '\0' && !Space.Is[*P])
+        return false;
+
+    if (!AnyDigit) {
+        *Value = 0.0;
+    } else if (Mantissa == 0 && !Inexact) {
+        *Value = Negative ? -0.0 : 0.0;
+    } else {
+        int Power = HeldZeros - FractionDigits + (ExponentRead ? Exponent : 0);
+        if (!Inexact && Mantissa <= MaxExactMantissa && Power >= -22 && Power <= 22) {
+            double Magnitude = static_cast<double>(Mantissa);
+            Magnitude = Power >= 0 ? Magnitude * Pow10Double[Power] : Magnitude / Pow10Double[-Power];
+            *Value = Negative ? -Magnitude : Magnitude;
+        } else {
+            *Value = strtod(reinterpret_cast<const char *>(Start), nullptr);
+        }
+    }
+    *Cursor = reinterpret_cast<const char *>(P);
+    return true;
+}
+
+/* True when an integer follows: spaces and tabs, an optional '-' (not '+'),
+   then 1 to 10 digits. More than 10 digits are refused rather than
+   overflowing. The cursor ends after the digits (after the sign when no
+   digit follows); *Value is set only on success. */
+bool Str_ScanForLgIndex(const char **Cursor, LgIndex_t *Value)
+{
+    const char *P = *Cursor;
+    while (*P == ' ' || *P == '\t')
+        P++;
+    bool Negative = false;
+    if (*P == '-') {
+        Negative = true;
+        P++;
+    }
+    *Cursor = P;
+    if (!IsDigit(static_cast<unsigned char>(*P)))
+        return false;
+    double Accumulated = 0.0;
+    int Digits = 0;
+    while (IsDigit(static_cast<unsigned char>(*P))) {
+        if (Digits == 10) {
+            *Cursor = P;
+            return false;
+        }
+        Accumulated = Accumulated * 10.0 + (*P - '0');
+        Digits++;
+        P++;
+    }
+    *Cursor = P;
+    LgIndex_t Result = static_cast<LgIndex_t>(Accumulated + 0.001);
+    *Value = Negative ? -Result : Result;
+    return true;
+}
+
+/* Moves the cursor over spaces and tabs. */
+void Str_RemoveWhiteSpace(const char **Cursor)
+{
+    const char *P = *Cursor;
+    while (*P == ' ' || *P == '\t')
+        P++;
+    *Cursor = P;
+}
+
+/* Moves the cursor past the next line feed, or to the end of the string. */
+void Str_RemoveThroughEndOfLine(const char **Cursor)
+{
+    const char *P = *Cursor;
+    while (*P && *P != '\n')
+        P++;
+    if (*P == '\n')
+        P++;
+    *Cursor = P;
+}
+
+} // namespace corvane::cvnutildataio
