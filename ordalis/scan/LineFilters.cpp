@@ -1,0 +1,191 @@
+/*
+ * LineFilters.cpp - line-level work of the scan and the preview: global
+ * filters, blank and numeric classification, and cutting a line into values.
+ *
+ * Classification runs on a 256-entry character table (C-locale classes) so
+ * that the scan can classify a line in one pass. Not re-entrant: the filter
+ * output buffer and GlobalLineBuffer are shared by every call.
+ */
+#include "LineFilters.h"
+
+#include <cctype>
+#include <cstdio>
+#include <cstring>
+
+#include "DoubleArray.h"
+#include "Globals.h"
+#include "NumList.h"
+#include "StringUtil.h"
+
+namespace corvane::cvnutildataio {
+
+/* Character classes of the classification table. */
+enum {
+    CharClass_Digit = 1,      /* 0-9 */
+    CharClass_Letter = 2,     /* A-Z, a-z */
+    CharClass_OtherLetter = 4 /* a letter other than e/E */
+};
+
+/* Class bits per unsigned character; built once, never changed. */
+static const struct CharTable_s {
+    unsigned char Class[256];
+    CharTable_s() : Class()
+    {
+        for (int c = '0'; c <= '9'; c++)
+            Class[c] = CharClass_Digit;
+        for (int c = 'A'; c <= 'Z'; c++) {
+            unsigned char Bits = CharClass_Letter | (c == 'E' ? 0 : CharClass_OtherLetter);
+            Class[c] = Bits;
+            Class[c + ('a' - 'A')] = Bits;
+        }
+    }
+} CharTable;
+
+/* Output of TW_PreprocessLine, copied back over its input. */
+static char FilterBuffer[TW_MAX_LINE_LENGTH + 1];
+
+/* Upper bound of a comment marker that TW_PreprocessLine accepts. */
+#define TW_MAX_MARKER_LENGTH 256
+
+/* The question asked once per line for a token that is not a number. */
+static const char MalformedQuestion[] =
+    "Possible malformed numeric data values were found on line %d\n"
+    "Please check this line of the file to be sure that numeric data is of the correct "
+    "form.\nDo you want to continue processing this line?";
+
+/* OR of the class bits of every character of Line. */
+static unsigned ClassBitsOfLine(const char *Line)
+{
+    unsigned Bits = 0;
+    for (const unsigned char *P = (const unsigned char *)Line; *P; P++)
+        Bits |= CharTable.Class[*P];
+    return Bits;
+}
+
+bool TW_IsBlankLine(const char *Line)
+{
+    return (ClassBitsOfLine(Line) & (CharClass_Digit | CharClass_Letter)) == 0;
+}
+
+bool TW_IsNumericLine(const char *Line)
+{
+    unsigned Bits = ClassBitsOfLine(Line);
+    return (Bits & CharClass_Digit) != 0 && (Bits & CharClass_OtherLetter) == 0;
+}
+
+void TW_ClassifyLine(const char *Line, bool *IsBlank, bool *IsNumeric)
+{
+    unsigned Bits = ClassBitsOfLine(Line);
+    *IsBlank = (Bits & (CharClass_Digit | CharClass_Letter)) == 0;
+    *IsNumeric = (Bits & CharClass_Digit) != 0 && (Bits & CharClass_OtherLetter) == 0;
+}
+
+/* The comment test comes before the copy of a character, the line-skip test
+   after it; both look at the input, and columns count input characters, so
+   a dropped column neither shifts later columns nor hides a marker. */
+void TW_PreprocessLine(char *Line, const TW_GlobalFilters_s *Filters)
+{
+    bool UseComment = Filters->UseComment && Filters->CommentLength >= 1 &&
+                      Filters->CommentLength <= TW_MAX_MARKER_LENGTH;
+    bool UseSkip = Filters->UseKeyword && Filters->KeywordLength != 0;
+    bool UseColumns = Filters->UseColumns;
+    size_t CommentLength = UseComment ? (size_t)Filters->CommentLength : 0;
+    size_t SkipLength = UseSkip ? (size_t)Filters->KeywordLength : 0;
+    /* First characters folded once: the full comparison runs only where the
+       first character already matches. */
+    int CommentFirst = UseComment ? toupper((unsigned char)Filters->Comment[0]) : 0;
+    int SkipFirst = UseSkip ? toupper((unsigned char)Filters->Keyword[0]) : 0;
+    size_t Out = 0;
+    int32_t Column = 1;
+
+    for (const char *P = Line; *P; P++, Column++) {
+        int Upper = toupper((unsigned char)*P);
+        if (UseComment && Upper == CommentFirst &&
+            Str_ustrncmp(P, Filters->Comment, CommentLength) == 0)
+            break;
+        if (!UseColumns || !TW_NumIsInRange(Column, &Filters->Columns))
+            FilterBuffer[Out++] = *P;
+        if (UseSkip && Upper == SkipFirst &&
+            Str_ustrncmp(P, Filters->Keyword, SkipLength) == 0) {
+            Out = 0;
+            break;
+        }
+    }
+    FilterBuffer[Out] = '\0';
+    memcpy(Line, FilterBuffer, Out + 1);
+}
+
+/* Blank-cell mode: every occurrence of Delimiter ends a cell, so empty cells
+   give the blank value. A delimiter as the last character gives no trailing
+   blank. Cells are terminated in place. */
+static void ScanCells(char *Line, char Delimiter, double BlankValue, TW_DoubleArray_s *Values)
+{
+    char *P = Line;
+    for (;;) {
+        while (*P == ' ' || *P == '\t')
+            P++;
+        char *End = strchr(P, Delimiter);
+        if (End != NULL)
+            *End = '\0';
+        const char *Cursor = P;
+        double Value;
+        if (!Str_ScanForDouble(&Cursor, &Value))
+            Value = BlankValue;
+        TW_DoubleArrayAdd(Values, Value);
+        if (End == NULL || End[1] == '\0')
+            break;
+        P = End + 1;
+    }
+}
+
+/* Token mode: numbers among the tokens; one question per line for the first
+   token that is not a number, unless such tokens are to be ignored. */
+static void ScanTokens(char *Line, int32_t LineNumber, const TW_ConfigInstructions_s *Instr,
+                       TW_DoubleArray_s *Values)
+{
+    bool Asked = false;
+    for (char *Token = TW_strtok(Line, Instr->DataDelimiter, Instr->DataWidth, false);
+         Token != NULL; Token = TW_strtok(NULL, Instr->DataDelimiter, Instr->DataWidth, false)) {
+        const char *Cursor = Token;
+        double Value;
+        if (Str_ScanForDouble(&Cursor, &Value)) {
+            TW_DoubleArrayAdd(Values, Value);
+            continue;
+        }
+        if (Instr->IgnoreNonNumericTokens || Asked)
+            continue;
+        char Question[sizeof(MalformedQuestion) + 16];
+        snprintf(Question, sizeof(Question), MalformedQuestion, (int)LineNumber);
+        if (!CvnUtilDialogMessageBox(Question, MessageBox_YesNo))
+            break;
+        Asked = true;
+    }
+}
+
+void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
+                               const TW_ConfigInstructions_s *Instr, const double **Values,
+                               int32_t *Count)
+{
+    if (GlobalLineBuffer == NULL)
+        GlobalLineBuffer = TW_DoubleArrayAlloc();
+    if (GlobalLineBuffer == NULL) {
+        *Values = NULL;
+        *Count = 0;
+        return;
+    }
+    /* Emptied by count only: the buffer is reused line after line. */
+    GlobalLineBuffer->Count = 0;
+
+    const TW_GlobalFilters_s *Filters = &Instr->GlobalFilters;
+    if (Filters->UseBlankCellValue &&
+        (Instr->DataDelimiter == Delimiter_Semicolon || Instr->DataDelimiter == Delimiter_Comma))
+        ScanCells(Line, Instr->DataDelimiter == Delimiter_Semicolon ? ';' : ',',
+                  Filters->BlankCellValue, GlobalLineBuffer);
+    else
+        ScanTokens(Line, LineNumber, Instr, GlobalLineBuffer);
+
+    *Values = GlobalLineBuffer->Values;
+    *Count = GlobalLineBuffer->Count;
+}
+
+} // namespace corvane::cvnutildataio
