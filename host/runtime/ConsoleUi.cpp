@@ -49,6 +49,7 @@ struct ConsoleUi::State {
     bool cancelFired = false;    /* its Cancel was pressed */
     std::string label;
     std::size_t barLength = 0; /* characters of the bar now on the line; 0 = none */
+    int barPercent = 0;        /* the percent the bar shows */
     bool handlerInstalled = false;
     struct sigaction previousHandler {};
 
@@ -80,6 +81,7 @@ struct ConsoleUi::State {
         if (!drawsBar())
             return;
         int shown = percent < 0 ? 0 : percent > 100 ? 100 : percent;
+        barPercent = shown;
         int filled = shown * barWidth / 100;
         std::string line = fmt::format("{} [{}{}] {:3d}%", label, std::string(filled, '#'),
                                        std::string(barWidth - filled, '.'), shown);
@@ -97,7 +99,7 @@ struct ConsoleUi::State {
         fmt::print(err, "{}\n", text);
         std::fflush(err);
         if (hadBar)
-            drawBar(0);
+            drawBar(barPercent);
     }
 
     void installInterruptHandler()
