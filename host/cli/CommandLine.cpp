@@ -1,0 +1,228 @@
+/*
+ * CommandLine.cpp - parsing of the corvane command line with CLI11.
+ */
+#include "CommandLine.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+namespace corvane::cli {
+namespace {
+
+std::string lowered(std::string_view text)
+{
+    std::string out(text);
+    std::transform(out.begin(), out.end(), out.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return out;
+}
+
+/* The option values as CLI11 fills them, before they are checked. */
+struct RawOptions {
+    std::string dataFile;
+    std::string layoutFile;
+    std::string setFile;
+    std::string instructionText;
+    std::string instructionFile;
+    std::vector<std::string> outputs;
+    std::string saveLayout;
+    std::string transcript;
+    std::string answers;
+    bool yes = false;
+    bool no = false;
+    std::optional<int> cancelAt;
+    std::string addOnPath;
+    bool quiet = false;
+    std::string instructionSource; /* the one given */
+    int setSources = 0; /* how many of --set, --instructions, --instructions-file */
+};
+
+/* The options that load and replay share. */
+void addRunOptions(CLI::App &cmd, RawOptions &raw)
+{
+    cmd.add_option("-o,--output", raw.outputs,
+                   "Write the loaded data to FILE: JSON for .json, CSV for .csv (repeatable)")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    cmd.add_option("--save-layout", raw.saveLayout,
+                   "Write a layout that replays this run's loads to FILE")
+        ->type_name("FILE");
+    cmd.add_option("--transcript", raw.transcript,
+                   "Write every message, question and progress box to FILE (JSON Lines)")
+        ->type_name("FILE");
+    auto *yes = cmd.add_flag("--yes", raw.yes, "Answer Yes to every question");
+    auto *no = cmd.add_flag("--no", raw.no, "Answer No to every question");
+    yes->excludes(no);
+    cmd.add_option("--answers", raw.answers,
+                   "Answer the questions in order (e.g. y,n,y), then as --yes/--no say")
+        ->type_name("LIST");
+    cmd.add_option("--cancel-at", raw.cancelAt,
+                   "Press Cancel at the first progress check at or above PERCENT")
+        ->type_name("PERCENT")
+        ->check(CLI::Range(0, 100));
+    cmd.add_option("--addon", raw.addOnPath,
+                   "The loader add-on to use (default: the one beside corvane)")
+        ->type_name("PATH");
+    cmd.add_flag("-q,--quiet", raw.quiet, "Show no progress bar");
+}
+
+host::Expected<std::string> readWholeFile(const std::string &path)
+{
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec))
+        return host::unexpected(fmt::format("{}: is a directory", path));
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return host::unexpected(fmt::format("{}: {}", path, std::strerror(errno)));
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (in.bad())
+        return host::unexpected(fmt::format("{}: read error", path));
+    return text.str();
+}
+
+/* Checks the raw values and builds the command; a problem becomes the
+   usage-error stop. */
+std::variant<Command, ParseStop> finish(RawOptions &raw, CommandKind kind)
+{
+    auto stop = [](const std::string &problem) {
+        return ParseStop{exitUsage, "", usageMessage(problem)};
+    };
+    Command cmd;
+    cmd.kind = kind;
+    if (kind == CommandKind::load) {
+        if (raw.setSources == 0)
+            return stop("load needs one of --set, --instructions or --instructions-file");
+        if (raw.setSources > 1)
+            return stop("--set, --instructions and --instructions-file are mutually exclusive");
+        cmd.dataFile = raw.dataFile;
+        if (raw.instructionSource == "--set") {
+            cmd.instructions = fmt::format("CONFIGFNAME=\"{}\"", raw.setFile);
+        } else if (raw.instructionSource == "--instructions") {
+            cmd.instructions = raw.instructionText;
+        } else {
+            auto text = readWholeFile(raw.instructionFile);
+            if (!text)
+                return stop("cannot read --instructions-file " + text.error());
+            cmd.instructions = std::move(*text);
+        }
+    } else {
+        cmd.layoutFile = raw.layoutFile;
+    }
+    for (const auto &path : raw.outputs) {
+        auto format = outputFormatOf(path);
+        if (!format)
+            return stop(format.error());
+        cmd.outputs.push_back({path, *format});
+    }
+    if (!raw.answers.empty()) {
+        auto answers = parseAnswers(raw.answers);
+        if (!answers)
+            return stop(answers.error());
+        cmd.answers = std::move(*answers);
+    }
+    if (raw.yes)
+        cmd.policy = true;
+    if (raw.no)
+        cmd.policy = false;
+    cmd.saveLayout = raw.saveLayout;
+    cmd.transcript = raw.transcript;
+    cmd.cancelAt = raw.cancelAt;
+    cmd.addOnPath = raw.addOnPath;
+    cmd.quiet = raw.quiet;
+    return cmd;
+}
+
+} // namespace
+
+std::string usageMessage(std::string_view problem)
+{
+    return fmt::format("{}\nRun with --help for more information.\n", problem);
+}
+
+host::Expected<std::deque<bool>> parseAnswers(std::string_view list)
+{
+    std::deque<bool> answers;
+    size_t start = 0;
+    while (true) {
+        size_t comma = list.find(',', start);
+        std::string item = lowered(list.substr(start, comma == std::string_view::npos
+                                                          ? std::string_view::npos
+                                                          : comma - start));
+        if (item == "y" || item == "yes")
+            answers.push_back(true);
+        else if (item == "n" || item == "no")
+            answers.push_back(false);
+        else
+            return host::unexpected(
+                fmt::format("--answers: \"{}\" is not an answer (use y or n)", item));
+        if (comma == std::string_view::npos)
+            return answers;
+        start = comma + 1;
+    }
+}
+
+host::Expected<OutputFormat> outputFormatOf(const std::string &path)
+{
+    std::string ext = lowered(std::filesystem::path(path).extension().string());
+    if (ext == ".json")
+        return OutputFormat::json;
+    if (ext == ".csv")
+        return OutputFormat::csv;
+    return host::unexpected(
+        fmt::format("--output: \"{}\" must end in .json or .csv", path));
+}
+
+std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string> &args)
+{
+    RawOptions raw;
+    CLI::App app{"corvane - loads ASCII data files through the Ordalis loader add-on", "corvane"};
+    app.require_subcommand(1);
+
+    auto *load = app.add_subcommand(
+        "load", "Load DATAFILE with an instruction set, as a replayed load does");
+    load->add_option("DATAFILE", raw.dataFile, "The data file to load")->required();
+    load->add_option("--set", raw.setFile,
+                     "Read the instruction set from FILE.twc (stored as a reference)")
+        ->type_name("FILE.twc");
+    load->add_option("--instructions", raw.instructionText,
+                     "The instruction set itself, in instruction-set text")
+        ->type_name("TEXT");
+    load->add_option("--instructions-file", raw.instructionFile,
+                     "Use the content of FILE as the instruction set text")
+        ->type_name("FILE");
+    addRunOptions(*load, raw);
+
+    auto *replay = app.add_subcommand(
+        "replay", "Replay every load stored in LAYOUT (written by --save-layout), in order");
+    replay->add_option("LAYOUT", raw.layoutFile, "The layout file to replay")->required();
+    addRunOptions(*replay, raw);
+
+    std::vector<const char *> argv;
+    for (const auto &arg : args)
+        argv.push_back(arg.c_str());
+    try {
+        app.parse(static_cast<int>(argv.size()), argv.data());
+    } catch (const CLI::ParseError &e) {
+        std::ostringstream out, err;
+        int status = app.exit(e, out, err);
+        return ParseStop{status == 0 ? exitSuccess : exitUsage, out.str(), err.str()};
+    }
+    for (const char *name : {"--set", "--instructions", "--instructions-file"}) {
+        if (load->get_option(name)->count() > 0) {
+            raw.instructionSource = name;
+            ++raw.setSources;
+        }
+    }
+    return finish(raw, load->parsed() ? CommandKind::load : CommandKind::replay);
+}
+
+} // namespace corvane::cli

@@ -1,0 +1,82 @@
+/*
+ * CommandLine.h - the corvane command line: what the user asked for.
+ *
+ *   corvane load DATAFILE (--set FILE.twc | --instructions TEXT |
+ *                          --instructions-file FILE) [options]
+ *   corvane replay LAYOUT [options]
+ *
+ * Parsing never runs anything: it turns the arguments into a Command, or
+ * into the text and exit status to stop with (help, usage errors).
+ */
+#ifndef CORVANE_CLI_COMMANDLINE_H
+#define CORVANE_CLI_COMMANDLINE_H
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "Expected.h"
+
+namespace corvane::cli {
+
+/* Exit statuses of the command line. */
+inline constexpr int exitSuccess = 0; /* every load succeeded */
+inline constexpr int exitFailure = 1; /* a load failed or was cancelled */
+inline constexpr int exitUsage = 2;   /* the command line or an input file is wrong */
+
+enum class CommandKind { load, replay };
+enum class OutputFormat { json, csv };
+
+struct OutputSpec {
+    std::string path;
+    OutputFormat format = OutputFormat::json;
+    bool operator==(const OutputSpec &) const = default;
+};
+
+struct Command {
+    CommandKind kind = CommandKind::load;
+    /* load: the two loader-instruction strings (data file as given; the
+       instruction text or a CONFIGFNAME reference). */
+    std::string dataFile;
+    std::string instructions;
+    /* replay: the layout file to replay. */
+    std::string layoutFile;
+
+    std::vector<OutputSpec> outputs; /* -o/--output, in the order given */
+    std::string saveLayout;          /* --save-layout; empty: none */
+    std::string transcript;          /* --transcript; empty: none */
+    std::deque<bool> answers;        /* --answers, in order */
+    std::optional<bool> policy;      /* --yes / --no */
+    std::optional<int> cancelAt;     /* --cancel-at PERCENT */
+    std::string addOnPath;           /* --addon; empty: the default add-on */
+    bool quiet = false;              /* -q/--quiet */
+};
+
+/* Where parsing stops instead of running: the text for standard output
+   and standard error, and the exit status. */
+struct ParseStop {
+    int status = exitUsage;
+    std::string out;
+    std::string err;
+};
+
+/* Parses the full argument vector (args[0] is the program name). */
+std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string> &args);
+
+/* "y,n,yes,No" -> answers in order; an item that is not y/yes/n/no (case
+   ignored) is an error naming it. */
+host::Expected<std::deque<bool>> parseAnswers(std::string_view list);
+
+/* The output format of a path by its extension (.json or .csv, case
+   ignored); anything else is an error naming the path. */
+host::Expected<OutputFormat> outputFormatOf(const std::string &path);
+
+/* The usage-error text: the problem, then a pointer to --help. */
+std::string usageMessage(std::string_view problem);
+
+} // namespace corvane::cli
+
+#endif
