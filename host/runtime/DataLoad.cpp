@@ -48,9 +48,10 @@ Boolean_t CvnUtilImportSetLoaderInstr(const char *LoaderName, const StringList_s
     session.lastError.clear();
     corvane::host::DataSet *set = detail::currentDataSet();
     if (!set || !Instructions) {
-        session.lastError = fmt::format(
-            "Cannot store the loader instructions of \"{}\": {}", LoaderName ? LoaderName : "",
-            set ? "no instruction list was given" : "no data set was created in the open data load");
+        session.lastError = fmt::format("Cannot store the loader instructions of \"{}\": {}",
+                                        LoaderName ? LoaderName : "",
+                                        set ? "no instruction list was given"
+                                            : "no data set was created in the open data load");
         return FALSE;
     }
     set->loaderInstructions =

@@ -135,7 +135,8 @@ Boolean_t CvnUtilDataSetAddZone(const char *Name, LgIndex_t IMax, LgIndex_t JMax
                                              v + 1, static_cast<int>(VarDataTypes[v])));
 
     LgIndex_t points = 0;
-    if (__builtin_mul_overflow(IMax, JMax, &points) || __builtin_mul_overflow(points, KMax, &points))
+    if (__builtin_mul_overflow(IMax, JMax, &points) ||
+        __builtin_mul_overflow(points, KMax, &points))
         return fail(prefix + fmt::format("{} x {} x {} points are too many", IMax, JMax, KMax));
     const std::string outOfMemory = prefix + fmt::format("out of memory for {} points", points);
     if (!fieldsAddressable(points, VarDataTypes, varCount))
