@@ -13,14 +13,16 @@ resident set (ru_maxrss from wait4) of its runs. N defaults to 3 for files
 under 512 MiB and to 1 for larger ones.
 
 The peers print the number of rows they read and the seconds spent inside
-the read call; a row count that differs from the file's (lines less the
-header line, as counted by wc) is flagged in the table.
+the read call, and corvane's summary line gives the points it loaded; a count
+that differs from the file's rows (lines less the header line, as counted by
+wc) is flagged in the table.
 """
 
 import argparse
 import datetime
 import os
 import platform
+import re
 import subprocess
 import sys
 import tempfile
@@ -107,6 +109,13 @@ def last_line(text):
     return lines[-1][:80] if lines else ""
 
 
+def row_check(count, rows):
+    """Returns a note when a tool read another number of rows than the file holds."""
+    if rows is None or int(count) == rows:
+        return ""
+    return "read %s rows, file has %d" % (count, rows)
+
+
 def measure(path, corvane, sets, repeat):
     """Measures every tool on path; returns one result dict per tool."""
     subprocess.run("cat '%s' > /dev/null" % path.replace("'", "'\\''"), shell=True, check=True)
@@ -126,10 +135,13 @@ def measure(path, corvane, sets, repeat):
         elif name == "wc -l":
             rows = int(best.stdout.split()[0]) - 1
         elif prints_rows:
-            fields = best.stdout.split()
             result["inner"] = min(float(r.stdout.split()[1]) for r in runs)
-            if rows is not None and int(fields[0]) != rows:
-                result["note"] = "read %s rows, file has %d" % (fields[0], rows)
+            result["note"] = row_check(best.stdout.split()[0], rows)
+        else:
+            # corvane's summary line ends in the number of points loaded.
+            points = re.search(r"(\d+) points?\s*$", best.stdout)
+            if points:
+                result["note"] = row_check(points.group(1), rows)
         results.append(result)
         print("  %-18s %s" % (name, "failed" if failed else "%.3f s" % best.seconds),
               file=sys.stderr, flush=True)

@@ -95,6 +95,11 @@ class MeasureTest(unittest.TestCase):
         self.assertEqual(txt["numpy loadtxt"][-1], "blank")
         self.assertEqual(csv["wc -l"], ["wc", "-l", "/d/a.csv"])
 
+    def test_row_counts_that_differ_from_the_file_are_noted(self):
+        self.assertEqual(measure.row_check("866591", 866591), "")
+        self.assertEqual(measure.row_check("3", 866591), "read 3 rows, file has 866591")
+        self.assertEqual(measure.row_check("3", None), "")
+
     def test_table_rows_give_throughput_memory_ratio_and_comparisons(self):
         def result(tool, seconds, rss, inner=None, note=""):
             return {"tool": tool, "file": "a.csv", "bytes": 100_000_000, "seconds": seconds,
