@@ -244,9 +244,10 @@ static void AssignVariableNames(TW_ConfigFileStream_s *S, TW_Variables_s *Vars, 
 }
 
 /* Reads the value of LOADED straight from the text (the "=" already read):
-   blanks, tabs and double quotes are skipped; "[...]" gives the variable
-   numbers, every run of digits being one; any other word on the line leaves
-   the set empty, meaning all variables. The set is cleared first. */
+   blanks, tabs and double quotes are skipped; "[...]", quoted or not, gives
+   the variable numbers, every run of digits being one; any other word on
+   the line leaves the set empty, meaning all variables. The set is cleared
+   first. */
 static void ReadLoadedVariables(TW_ConfigFileStream_s *S, Set_s *Set)
 {
     const char *P = S->Position;
@@ -286,6 +287,8 @@ static void ReadLoadedVariables(TW_ConfigFileStream_s *S, Set_s *Set)
         }
     }
     if (*P == ']')
+        P++;
+    if (*P == '"') /* the quote closing a quoted list */
         P++;
     S->Position = P;
 }
