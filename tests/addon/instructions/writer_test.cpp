@@ -190,32 +190,25 @@ TEST_F(WriterTest, ReferenceWritesOnlyTheFileName)
               "\n" END_BANNER);
 }
 
-TEST_F(WriterTest, EnumerationNamesAndOutOfRangeValues)
+TEST_F(WriterTest, OutOfRangeValuesAndNamesAreWrittenAsTheyStand)
 {
-    EXPECT_STREQ(Export_GetSearchModeString(SearchMode_None), "NONE");
-    EXPECT_STREQ(Export_GetSearchModeString(SearchMode_Line), "LINE");
-    EXPECT_STREQ(Export_GetSearchModeString(SearchMode_Keyword), "KEYWORD");
     EXPECT_STREQ(Export_GetSearchModeString((TW_SearchMode_e)3), "# error");
+    EXPECT_STREQ(Export_GetFileMarkerString((TW_FileMarker_e)5), "# error");
+    EXPECT_STREQ(Export_GetDataFormat((DataFormat_e)4), "# error");
 
-    const char *Delimiters[] = {"# error", "AUTO", "TAB", "SPACE", "SEMICOLON", "COMMA",
-                                "FIXED", "# error"};
-    for (int I = 0; I < 8; I++)
-        EXPECT_STREQ(Export_GetDelimiterString((TW_Delimiter_e)I), Delimiters[I]) << I;
-
-    const char *Markers[] = {"FIRSTNONNUMERICLINE", "FIRSTNUMERICLINE", "LINE", "KEYWORD",
-                             "EOF", "# error"};
-    for (int I = 0; I < 6; I++)
-        EXPECT_STREQ(Export_GetFileMarkerString((TW_FileMarker_e)I), Markers[I]) << I;
-
-    const char *Formats[] = {"IJKBLOCK", "IJKPOINT", "FEBLOCK", "FEPOINT", "# error"};
-    for (int I = 0; I < 5; I++)
-        EXPECT_STREQ(Export_GetDataFormat((DataFormat_e)I), Formats[I]) << I;
-
+    /* A name holding a comma is not escaped, so it reads back as two. */
     Record Rec = NewRecord();
     Rec->DataDelimiter = (TW_Delimiter_e)0;
     Rec->Format = DataFormat_FEPoint;
+    TW_Variable_s Source[2] = {};
+    strcpy(Source[0].Name, "p,q");
+    strcpy(Source[1].Name, "r");
+    CopyVarToVar(&Rec->Variables.Names, Source, &Rec->Variables.NumNames, 2);
     std::string Text = Print(Rec.get(), false);
     EXPECT_NE(Text.find("  FORMAT = FEPOINT \n  DELIMITER = # error \n"), std::string::npos);
+    EXPECT_NE(Text.find(" NAMES = \"p,q,r\" \n\n"), std::string::npos);
+    /* (Reading stops at the "# error" delimiter, after the names.) */
+    EXPECT_EQ(Names(Scan(Text)->Variables), (std::vector<std::string>{"p", "q", "r"}));
 }
 
 TEST_F(WriterTest, FileAndCompactLayoutsReadBack)
@@ -250,18 +243,6 @@ TEST_F(WriterTest, FileAndCompactLayoutsReadBack)
         EXPECT_FALSE(FromFile->IsNew);
         EXPECT_FALSE(FromFile->IsModified);
     }
-}
-
-TEST_F(WriterTest, NameWithCommaReadsBackAsTwoNames)
-{
-    Record Rec = NewRecord();
-    TW_Variable_s Source[2] = {};
-    strcpy(Source[0].Name, "p,q");
-    strcpy(Source[1].Name, "r");
-    CopyVarToVar(&Rec->Variables.Names, Source, &Rec->Variables.NumNames, 2);
-    std::string Text = Print(Rec.get(), false);
-    EXPECT_NE(Text.find(" NAMES = \"p,q,r\" \n\n"), std::string::npos);
-    EXPECT_EQ(Names(Scan(Text)->Variables), (std::vector<std::string>{"p", "q", "r"}));
 }
 
 TEST_F(WriterTest, SaveReportsAFileThatCannotBeOpened)
