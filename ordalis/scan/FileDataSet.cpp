@@ -40,9 +40,9 @@ TW_FileDataSet_s *FileDataSetAlloc()
 }
 
 /* The zone takes its number from *ZoneCounter before anything can fail, so a
-   failed zone still uses up a number. A zone whose pointer array could not be
-   made is linked without arrays (VarValues NULL); a value array that could
-   not be made stays NULL. Both were reported where they failed. */
+   failed zone still uses up a number. A zone whose name or pointer array
+   could not be made is linked without it (NULL); a value array that could
+   not be made stays NULL. Each was reported where it failed. */
 bool AddNewZone(TW_ZoneInfo_s **ZoneList, TW_ZoneInfo_s **LastZone, int32_t *ZoneCounter,
                 int32_t NumVars, const TW_Dimension_s *Dimension)
 {
@@ -76,6 +76,8 @@ bool AddNewZone(TW_ZoneInfo_s **ZoneList, TW_ZoneInfo_s **LastZone, int32_t *Zon
     char Name[32];
     snprintf(Name, sizeof(Name), "Zone %d", (int)ZoneNumber);
     Str_TackOnString(&Zone->ZoneName, Name);
+    if (Zone->ZoneName == NULL)
+        ShowDialogErrorMessage("Out of memory");
 
     if (NumVars > 0) {
         Zone->VarValues =

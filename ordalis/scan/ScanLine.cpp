@@ -86,10 +86,10 @@ bool TW_ScanAddZone(TW_ScanState_s *State)
     if (!AddNewZone(&DataSet->ZoneList, &State->LastZone, &State->ZoneCounter,
                     DataSet->NumVars, &State->Instr->Dimension))
         return false;
-    /* A zone without its arrays was reported by AddNewZone; values cannot be
-       stored in it. */
+    /* A zone without its name or arrays was reported by AddNewZone; it
+       cannot be used. */
     TW_ZoneInfo_s *Zone = State->LastZone;
-    if (Zone->NumVars > 0 && Zone->VarValues == NULL)
+    if (Zone->ZoneName == NULL || (Zone->NumVars > 0 && Zone->VarValues == NULL))
         return false;
     for (int32_t Var = 0; Var < Zone->NumVars; Var++)
         if (Zone->VarValues[Var] == NULL)
@@ -107,6 +107,17 @@ static bool StoreValue(TW_ScanState_s *State, int32_t Var, double Value)
     }
     State->ValueStored = true;
     return true;
+}
+
+/* Makes Title the data set's title; a failed copy is reported and fails the
+   scan. */
+static void SetTitle(TW_ScanState_s *State, const char *Title)
+{
+    State->TitleFound = true;
+    if (!Str_ReplaceString(&State->DataSet->Title, Title)) {
+        ShowDialogErrorMessage("Out of memory");
+        FailScan(State);
+    }
 }
 
 /* True when Line is the title line: the line numbered TITLE LINE, or the
@@ -132,8 +143,7 @@ static bool TakeTitle(TW_ScanState_s *State, const char *Line, int32_t LineNumbe
     if (Vars->SearchMode == SearchMode_Line && LineNumber >= Vars->StartLine &&
         LineNumber <= Vars->EndLine) {
         CvnUtilDialogMessageBox(TitleInRangeMessage, MessageBox_Information);
-        Str_ReplaceString(&State->DataSet->Title, TW_TITLE_IN_VAR_RANGE);
-        State->TitleFound = true;
+        SetTitle(State, TW_TITLE_IN_VAR_RANGE);
         return false; /* the line is a variable line as well */
     }
 
@@ -141,8 +151,7 @@ static bool TakeTitle(TW_ScanState_s *State, const char *Line, int32_t LineNumbe
     const char *Token = TW_strtok(TitleBuffer, Instr->TitleDelimiter, Instr->TitleWidth, true);
     if (Token == NULL || Token[0] == '\0')
         return false;
-    Str_ReplaceString(&State->DataSet->Title, Token);
-    State->TitleFound = true;
+    SetTitle(State, Token);
     return true;
 }
 

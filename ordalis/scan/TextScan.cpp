@@ -56,18 +56,21 @@ bool TW_CheckPercentDone(int Percent)
     return GoOn;
 }
 
-/* Trims a filter marker in place unless it is all spaces; returns its
-   length afterwards. */
-static LgIndex_t TrimMarker(char *Marker, size_t Size)
+/* Trims a filter marker in place unless it is all spaces and sets *Length
+   to its length afterwards. False after "Out of memory" (marker unchanged). */
+static bool TrimMarker(char *Marker, size_t Size, LgIndex_t *Length)
 {
     if (!IsAllSpaces(Marker)) {
         char *Trimmed = TrimString(Marker);
-        if (Trimmed != NULL) {
-            TW_Strncpy(Marker, Trimmed, Size);
-            CvnUtilStringDealloc(&Trimmed);
+        if (Trimmed == NULL) {
+            ShowDialogErrorMessage("Out of memory");
+            return false;
         }
+        TW_Strncpy(Marker, Trimmed, Size);
+        CvnUtilStringDealloc(&Trimmed);
     }
-    return (LgIndex_t)strlen(Marker);
+    *Length = (LgIndex_t)strlen(Marker);
+    return true;
 }
 
 /* Progress of the read: percent of the file size, reported to the host
@@ -221,6 +224,10 @@ static bool StartScan(TW_ScanState_s *State)
     if (Instr->TitleSearchMode == SearchMode_None && Instr->TitleName[0] != '\0') {
         Str_TackOnString(&DataSet->Title, Instr->TitleName);
         State->TitleFound = true;
+        if (DataSet->Title == NULL) {
+            ShowDialogErrorMessage("Out of memory");
+            return false;
+        }
     }
 
     if (Instr->Variables.SearchMode == SearchMode_None) {
@@ -255,8 +262,11 @@ static bool FinishScan(TW_ScanState_s *State, bool Cancelled)
     if (!GoOn)
         return false;
 
-    if (DataSet->Title == NULL || DataSet->Title[0] == '\0')
-        Str_ReplaceString(&DataSet->Title, "New Dataset");
+    if ((DataSet->Title == NULL || DataSet->Title[0] == '\0') &&
+        !Str_ReplaceString(&DataSet->Title, "New Dataset")) {
+        ShowDialogErrorMessage("Out of memory");
+        return false;
+    }
 
     if (DataSet->NumVars < 1) {
         ShowDialogErrorMessage("No variables found in this file");
@@ -310,10 +320,14 @@ bool ScanTextFile(TW_FileDataSet_s **DataSet, const char *FileName,
 #endif
 
     TW_GlobalFilters_s *Filters = &Instr->GlobalFilters;
-    if (Filters->UseComment)
-        Filters->CommentLength = TrimMarker(Filters->Comment, sizeof(Filters->Comment));
-    if (Filters->UseKeyword)
-        Filters->KeywordLength = TrimMarker(Filters->Keyword, sizeof(Filters->Keyword));
+    if ((Filters->UseComment &&
+         !TrimMarker(Filters->Comment, sizeof(Filters->Comment), &Filters->CommentLength)) ||
+        (Filters->UseKeyword &&
+         !TrimMarker(Filters->Keyword, sizeof(Filters->Keyword), &Filters->KeywordLength))) {
+        fclose(File);
+        FileDataSetDealloc(DataSet);
+        return false;
+    }
 
     CvnUtilDialogLaunchPercentDone("Scanning file...", TRUE);
 
