@@ -134,7 +134,7 @@ int runCommand(const Command &cmd, const Io &io)
 
     std::string addOnPath = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
     if (auto loaded = host::loadAddOn(addOnPath); !loaded) {
-        fmt::print(io.err, "corvane: cannot load the add-on {}: {}\n", addOnPath, loaded.error());
+        fmt::print(io.err, "corvane: {}\n", loaded.error());
         host::resetAddOns();
         return exitFailure;
     }

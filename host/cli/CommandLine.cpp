@@ -206,6 +206,11 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
     replay->add_option("LAYOUT", raw.layoutFile, "The layout file to replay")->required();
     addRunOptions(*replay, raw);
 
+    if (args.size() > 1 && !args[1].empty() && args[1][0] != '-' && args[1] != "load" &&
+        args[1] != "replay")
+        return ParseStop{exitUsage, "",
+                         usageMessage(fmt::format("unknown command \"{}\" (use load or replay)",
+                                                  args[1]))};
     std::vector<const char *> argv;
     for (const auto &arg : args)
         argv.push_back(arg.c_str());

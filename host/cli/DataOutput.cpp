@@ -119,9 +119,33 @@ void writeCsvDataSet(std::FILE *out, const host::DataSet &set)
 
 } // namespace
 
+std::string asUtf8(std::string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    size_t i = 0;
+    while (i < text.size()) {
+        auto byte = static_cast<unsigned char>(text[i]);
+        size_t length = byte < 0x80 ? 1 : (byte >> 5) == 0x6 ? 2 : (byte >> 4) == 0xE ? 3
+                                      : (byte >> 3) == 0x1E ? 4 : 0;
+        bool valid = length > 0 && i + length <= text.size();
+        for (size_t k = 1; valid && k < length; ++k)
+            valid = (static_cast<unsigned char>(text[i + k]) >> 6) == 0x2;
+        if (valid) {
+            out.append(text.substr(i, length));
+            i += length;
+        } else {
+            out += static_cast<char>(0xC0 | (byte >> 6));
+            out += static_cast<char>(0x80 | (byte & 0x3F));
+            ++i;
+        }
+    }
+    return out;
+}
+
 std::string jsonString(std::string_view text)
 {
-    return nlohmann::json(std::string(text))
+    return nlohmann::json(asUtf8(text))
         .dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 

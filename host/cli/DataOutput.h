@@ -29,7 +29,10 @@ namespace corvane::cli {
 void writeJson(std::FILE *out, std::span<const host::DataSet> sets);
 void writeCsv(std::FILE *out, std::span<const host::DataSet> sets);
 
-/* A JSON string literal of the text (invalid UTF-8 replaced). */
+/* The text as UTF-8: valid UTF-8 sequences as they are, every other byte
+   read as Latin-1 (data files often are). */
+std::string asUtf8(std::string_view text);
+/* A JSON string literal of the text, made UTF-8 by asUtf8. */
 std::string jsonString(std::string_view text);
 /* A CSV cell of the text: quoted (quotes doubled) when it holds a comma, a
    double quote, a line feed or a carriage return. */
