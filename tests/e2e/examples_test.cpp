@@ -1,0 +1,213 @@
+// Every example and real-data instruction set, run through the corvane
+// executable: exact JSON and CSV outputs, and replays of saved layouts.
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "CorvaneProcess.h"
+
+using namespace e2e;
+using nlohmann::json;
+
+namespace {
+
+struct Example {
+    const char *name;
+    const char *dataFile;
+    const char *summary;
+};
+
+const Example examples[] = {
+    {"cooling_curve", "cooling_curve.txt", "\"Cooling curve of sample A\": 2 variables, 1 zone, 5 points\n"},
+    {"station_log", "station_log.csv", "\"Station ST1 log\": 3 variables, 1 zone, 4 points\n"},
+    {"tide_gauge", "tide_gauge.txt", "\"Tide gauge readings, fixed columns\": 3 variables, 1 zone, 5 points\n"},
+    {"plate_block", "plate_block.txt", "\"Temperature on a 3 x 2 plate, block order\": 3 variables, 1 zone, 6 points\n"},
+    {"probe_traverses", "probe_traverses.txt", "\"Two probe traverses\": 2 variables, 2 zones, 5 points\n"},
+    {"rain_gauges", "rain_gauges.txt", "\"Rain gauges (mm)\": 4 variables, 1 zone, 4 points\n"},
+    {"thermocouple", "thermocouple.txt", "\"Instrument: thermocouple T7\": 2 variables, 1 zone, 3 points\n"},
+    {"duct_pressure", "duct_pressure.txt", "\"Pressure along the duct\": 2 variables, 1 zone, 4 points\n"},
+    {"surface_grid", "surface_grid.txt", "\"Surface height on a 3 x 2 grid\": 3 variables, 1 zone, 6 points\n"},
+};
+
+} // namespace
+
+TEST(Examples, EachLoadsToItsExpectedJson)
+{
+    for (const auto &example : examples) {
+        SCOPED_TRACE(example.name);
+        ScratchDir scratch;
+        fs::path out = scratch / "out.json";
+        Result run = runCorvane({"load", example.dataFile, "--set",
+                                 std::string(example.name) + ".twc", "-o", out.string()},
+                                examplesDir);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.out, example.summary);
+        EXPECT_EQ(readFile(out), readFile(expectedDir / (std::string(example.name) + ".json")));
+        EXPECT_EQ(scratch.entries(), std::vector<std::string>{"out.json"});
+    }
+}
+
+TEST(Examples, CsvOutputBesideJson)
+{
+    ScratchDir scratch;
+    Result run = runCorvane({"load", "probe_traverses.txt", "--set", "probe_traverses.twc", "-o",
+                             (scratch / "a.csv").string(), "-o", (scratch / "b.json").string()},
+                            examplesDir);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(readFile(scratch / "a.csv"), "zone,depth,velocity\n"
+                                           "1,0,1.5\n"
+                                           "1,0.5,1.25\n"
+                                           "1,1,0.75\n"
+                                           "2,0,1.75\n"
+                                           "2,0.5,1.5\n");
+    EXPECT_EQ(readFile(scratch / "b.json"), readFile(expectedDir / "probe_traverses.json"));
+
+    run = runCorvane({"load", "thermocouple.txt", "--set", "thermocouple.twc", "-o",
+                      (scratch / "t.csv").string()},
+                     examplesDir);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(readFile(scratch / "t.csv"), "T [C],emf [mV]\n"
+                                           "10,0.397\n"
+                                           "20,0.79\n"
+                                           "30,1.196\n");
+}
+
+TEST(Examples, InstructionsGivenAsTextOrFileStoreTheTextItself)
+{
+    ScratchDir scratch;
+    std::string text = readFile(examplesDir / "duct_pressure.twc");
+    Result run = runCorvane({"load", "duct_pressure.txt", "--instructions-file",
+                             "duct_pressure.twc", "-o", (scratch / "f.json").string()},
+                            examplesDir);
+    EXPECT_EQ(run.status, 0);
+    run = runCorvane({"load", "duct_pressure.txt", "--instructions", text, "-o",
+                      (scratch / "t.json").string()},
+                     examplesDir);
+    EXPECT_EQ(run.status, 0);
+    json expected = json::parse(readFile(expectedDir / "duct_pressure.json"));
+    expected["loaderInstructions"]["strings"][1] = text;
+    EXPECT_EQ(json::parse(readFile(scratch / "f.json")), expected);
+    EXPECT_EQ(json::parse(readFile(scratch / "t.json")), expected);
+}
+
+TEST(Examples, ReplayOfSavedLayoutGivesTheSameData)
+{
+    ScratchDir scratch;
+    fs::path layout = scratch / "layout.json";
+    Result load = runCorvane({"load", "rain_gauges.txt", "--set", "rain_gauges.twc",
+                              "--save-layout", layout.string(), "-o",
+                              (scratch / "load.json").string()},
+                             examplesDir);
+    EXPECT_EQ(load.status, 0);
+    EXPECT_EQ(readFile(layout), R"({
+  "corvaneLayout": 1,
+  "loads": [
+    {
+      "loader": "Ordalis Loader",
+      "strings": [
+        "rain_gauges.txt",
+        "CONFIGFNAME=\"rain_gauges.twc\""
+      ]
+    }
+  ]
+}
+)");
+    Result replay = runCorvane({"replay", layout.string(), "-o", (scratch / "replay.json").string(),
+                                "--save-layout", (scratch / "again.json").string()},
+                               examplesDir);
+    EXPECT_EQ(replay.status, 0);
+    EXPECT_EQ(replay.err, "");
+    EXPECT_EQ(replay.out, "\"Rain gauges (mm)\": 4 variables, 1 zone, 4 points\n");
+    EXPECT_EQ(readFile(scratch / "replay.json"), readFile(expectedDir / "rain_gauges.json"));
+    EXPECT_EQ(readFile(scratch / "again.json"), readFile(layout));
+}
+
+TEST(Examples, ReplayOfSeveralLoadsWritesAnArrayInOrder)
+{
+    ScratchDir scratch;
+    fs::path layout = scratch / "two.json";
+    writeFile(layout, R"({"corvaneLayout": 1, "loads": [
+      {"loader": "Ordalis Loader", "strings": ["surface_grid.txt", "CONFIGFNAME=\"surface_grid.twc\""]},
+      {"loader": "ordalis loader", "strings": ["cooling_curve.txt", "CONFIGFNAME=\"cooling_curve.twc\""]}]})");
+    Result replay = runCorvane({"replay", layout.string(), "-o", (scratch / "both.json").string(),
+                                "-o", (scratch / "both.csv").string()},
+                               examplesDir);
+    EXPECT_EQ(replay.status, 0);
+    EXPECT_EQ(replay.out, "\"Surface height on a 3 x 2 grid\": 3 variables, 1 zone, 6 points\n"
+                          "\"Cooling curve of sample A\": 2 variables, 1 zone, 5 points\n");
+    json both = json::parse(readFile(scratch / "both.json"));
+    ASSERT_TRUE(both.is_array());
+    ASSERT_EQ(both.size(), 2u);
+    EXPECT_EQ(both[0], json::parse(readFile(expectedDir / "surface_grid.json")));
+    EXPECT_EQ(both[1], json::parse(readFile(expectedDir / "cooling_curve.json")));
+    EXPECT_EQ(readFile(scratch / "both.csv"), "I,J,h\n"
+                                              "1,1,1.5\n"
+                                              "2,1,1.75\n"
+                                              "3,1,2\n"
+                                              "1,2,2.25\n"
+                                              "2,2,2.5\n"
+                                              "3,2,3\n"
+                                              "\n"
+                                              "time,temperature\n"
+                                              "0,95.5\n"
+                                              "60,81.25\n"
+                                              "120,70\n"
+                                              "180,61.75\n"
+                                              "240,55.5\n");
+}
+
+TEST(RealData, InstructionSetsReadTheRealFiles)
+{
+    struct Case {
+        const char *file;
+        const char *set;
+        const char *title;
+        std::vector<std::string> variables;
+        int imax;
+        std::vector<double> first, second, last; /* rows: one value per variable */
+    };
+    const Case cases[] = {
+        {"nist_nelson_crlf.dat", "nist_nelson.twc", "NIST/ITL StRD", {"y", "x1", "x2"}, 128,
+         {15, 1, 180}, {17, 1, 180}, {1.2, 64, 275}},
+        {"airfoil_naca23012_selig.dat", "naca23012.twc", "NACA 23012  12%", {"x", "y"}, 61,
+         {1.00003, 0.00126}, {0.9973, 0.0017}, {0.99997, -0.00126}},
+        {"xfoil_polar_naca4412_re500k.txt", "xfoil_polar.twc", "Calculated polar for: NACA 4412",
+         {"alpha", "CL", "CD"}, 119, {-12.25, -0.8284, 0.04176}, {-12, -0.8522, 0.03908},
+         {17.25, 1.4987, 0.08538}},
+        {"nasa_gistemp_global_means.csv", "gistemp.twc", "Land-Ocean: Global Means",
+         {"Year", "J-D"}, 143, {1880, -0.17}, {1881, -0.09}, {2022, -999}},
+        {"noaa_co2_mm_mlo_2018.txt", "co2_mlo.twc", "Mauna Loa CO2 monthly means",
+         {"decimal date", "interpolated"}, 719, {1958.208, 315.71}, {1958.292, 317.45},
+         {2018.042, 407.98}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.file);
+        ScratchDir scratch;
+        std::string data = (realDataDir / c.file).string();
+        Result run = runCorvane({"load", data, "--set", std::string("realdata/") + c.set, "-o",
+                                 (scratch / "out.json").string()},
+                                examplesDir);
+        ASSERT_EQ(run.status, 0) << run.err;
+        json doc = json::parse(readFile(scratch / "out.json"));
+        EXPECT_EQ(doc["title"], c.title);
+        EXPECT_EQ(doc["variables"], json(c.variables));
+        ASSERT_EQ(doc["zones"].size(), 1u);
+        const json &zone = doc["zones"][0];
+        EXPECT_EQ(zone["imax"], c.imax);
+        EXPECT_EQ(zone["jmax"], 1);
+        EXPECT_EQ(zone["kmax"], 1);
+        ASSERT_EQ(zone["values"].size(), c.variables.size());
+        for (size_t v = 0; v < c.variables.size(); ++v) {
+            const json &values = zone["values"][v];
+            ASSERT_EQ(values.size(), static_cast<size_t>(c.imax));
+            EXPECT_EQ(values[0].get<double>(), c.first[v]);
+            EXPECT_EQ(values[1].get<double>(), c.second[v]);
+            EXPECT_EQ(values[c.imax - 1].get<double>(), c.last[v]);
+        }
+        EXPECT_EQ(doc["loaderInstructions"]["strings"],
+                  json({data, std::string("CONFIGFNAME=\"realdata/") + c.set + "\""}));
+    }
+}
