@@ -341,12 +341,13 @@ static void StorePointValues(TW_ScanState_s *State, const double *Values, int32_
 }
 
 /* A line of the data section: cut into values and placed, or kept as text. */
-static void TakeDataLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
+static void TakeDataLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber)
 {
     const TW_ConfigInstructions_s *Instr = State->Instr;
     /* Tokenising writes into the line; a line without values is kept as
        text from this copy. */
-    size_t Length = strnlen(Line, sizeof(SavedText) - 1);
+    if (Length > sizeof(SavedText) - 1)
+        Length = sizeof(SavedText) - 1;
     memcpy(SavedText, Line, Length);
     SavedText[Length] = '\0';
 
@@ -381,8 +382,8 @@ static void TakeDataLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
 }
 
 /* Data steps of a line that passed the filters, title and variable steps. */
-static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, int32_t LineNumber,
-                                bool IsNumeric)
+static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, size_t Length,
+                                int32_t LineNumber, bool IsNumeric)
 {
     const TW_ConfigInstructions_s *Instr = State->Instr;
     if (State->DataEnded ||
@@ -401,16 +402,18 @@ static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, int32_t LineN
         KeepTextLine(State, LineNumber, Line);
         return;
     }
-    TakeDataLine(State, Line, LineNumber);
+    TakeDataLine(State, Line, Length, LineNumber);
 }
 
-void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
+void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber)
 {
     TW_ConfigInstructions_s *Instr = State->Instr;
-    if (State->FiltersOn)
+    if (State->FiltersOn) {
         TW_PreprocessLine(Line, &Instr->GlobalFilters);
+        Length = strlen(Line);
+    }
     bool IsBlank, IsNumeric;
-    TW_ClassifyLine(Line, &IsBlank, &IsNumeric);
+    TW_ClassifyLine(Line, Length, &IsBlank, &IsNumeric);
     if (IsBlank)
         return;
     if (Instr->GlobalFilters.UseRows && TW_NumIsInRange(LineNumber, &Instr->GlobalFilters.Rows)) {
@@ -429,7 +432,7 @@ void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
     }
 
     if (State->ReadData)
-        TakeDataSectionLine(State, Line, LineNumber, IsNumeric);
+        TakeDataSectionLine(State, Line, Length, LineNumber, IsNumeric);
 }
 
 } // namespace corvane::cvnutildataio

@@ -21,10 +21,16 @@ TEST(LineClassify, BlankAndNumericFollowLettersAndDigits)
         {"1,2;3", false, true},   {"-.5e+3", false, true},    {"E", false, false},
         {"1 2 x", false, false},  {"1E5 2e-3", false, true},  {"\xe9 7", false, true},
         {"#!", true, false},
+        /* Lines longer than eight characters, letters before and after. */
+        {"        ", true, false},          {"--------5-------", false, true},
+        {"1.0e+05 2.0E-03 -7", false, true}, {"12345678 x", false, false},
+        {"abcdefgh12345678", false, false}, {"\xe9\xe9\xe9\xe9\xe9\xe9\xe9\xe9 1", false, true},
+        {"........:;<=>?/ ", true, false},  {"@@@@@@@@[[[[````{{{{", true, false},
+        {"0 1 2 3 4 5 6 7 8 9 Z", false, false},
     };
     for (const ClassRow &row : rows) {
         bool blank = !row.blank, numeric = !row.numeric;
-        tw::TW_ClassifyLine(row.line, &blank, &numeric);
+        tw::TW_ClassifyLine(row.line, strlen(row.line), &blank, &numeric);
         EXPECT_EQ(tw::TW_IsBlankLine(row.line), row.blank) << row.line;
         EXPECT_EQ(tw::TW_IsNumericLine(row.line), row.numeric) << row.line;
         EXPECT_EQ(blank, row.blank) << row.line;
