@@ -354,6 +354,12 @@ static void TakeDataLine(TW_ScanState_s *State, char *Line, size_t Length, int32
     const double *Values = NULL;
     int32_t Count = 0;
     TW_ScanLineForNumericData(Line, LineNumber, Instr, &Values, &Count);
+    if (GlobalLineBuffer == NULL) {
+        /* The value array could not be made ("Out of memory" was shown);
+           every further line would fail the same way. */
+        FailScan(State);
+        return;
+    }
 
     if (Count > 0 && !State->VarsComplete) {
         ShowDialogErrorMessage(VarsIncompleteMessage);
