@@ -17,6 +17,11 @@ namespace corvane::cvnutildataio {
 /* Value of the State member at creation. */
 #define TW_FILEDATASET_INITIAL_STATE 4
 
+int32_t TW_ZonePointCount(int32_t IMax, int32_t JMax, int32_t KMax)
+{
+    return (int32_t)((int64_t)IMax * JMax * KMax);
+}
+
 /* Makes a data set with every member at its initial value; NULL after
    "Out of memory". */
 TW_FileDataSet_s *FileDataSetAlloc()
@@ -60,7 +65,7 @@ bool AddNewZone(TW_ZoneInfo_s **ZoneList, TW_ZoneInfo_s **LastZone, int32_t *Zon
         Zone->IMax = Dimension->IMax;
         Zone->JMax = Dimension->JMax;
         Zone->KMax = Dimension->KMax;
-        Zone->NumPoints = Dimension->IMax * Dimension->JMax * Dimension->KMax;
+        Zone->NumPoints = TW_ZonePointCount(Dimension->IMax, Dimension->JMax, Dimension->KMax);
     } else {
         /* IMax counts up from 1 for every stored line; the final zone pass
            of the scan removes the starting 1. */

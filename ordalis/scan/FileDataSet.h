@@ -45,6 +45,9 @@ typedef struct {
     bool NeedsRescan;
 } TW_FileDataSet_s;
 
+/* IMax * JMax * KMax as the 32-bit point count (computed in 64 bits, so
+   absurd sizes wrap instead of overflowing). */
+int32_t TW_ZonePointCount(int32_t IMax, int32_t JMax, int32_t KMax);
 /* New empty data set; NULL after "Out of memory". */
 TW_FileDataSet_s *FileDataSetAlloc();
 /* Appends a zone named "Zone <*ZoneCounter>" and advances the counter;

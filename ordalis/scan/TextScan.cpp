@@ -159,7 +159,7 @@ static bool FinishZones(TW_FileDataSet_s *DataSet, bool AutoSize)
         }
         if (AutoSize)
             Zone->IMax--;
-        Zone->NumPoints = Zone->IMax * Zone->JMax * Zone->KMax;
+        Zone->NumPoints = TW_ZonePointCount(Zone->IMax, Zone->JMax, Zone->KMax);
         /* The first zone's sizes are those from before the lowering, so a
            one-variable file with automatic sizes always ends here. */
         if (DataSet->NumVars == 1 &&

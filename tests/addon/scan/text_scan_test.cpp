@@ -346,6 +346,9 @@ TEST_F(ScanTest, CancelIsSilentAndOpenFailureIsReported)
     EXPECT_TRUE(ui().errors().empty());
     EXPECT_TRUE(ui().messages().empty());
     EXPECT_FALSE(ui().progressUp());
+    EXPECT_TRUE(tw::TW_CheckPercentDone(150));
+    EXPECT_EQ(ui().progressChecks().back(), 100);
+    EXPECT_EQ(tw::GlobalCancelled, FALSE);
 
     std::string missing = write("") + ".none";
     EXPECT_FALSE(tw::ScanTextFile(&data, missing.c_str(), instr, true));
