@@ -54,15 +54,16 @@ static const char MalformedQuestion[] =
     "Please check this line of the file to be sure that numeric data is of the correct "
     "form.\nDo you want to continue processing this line?";
 
-/* OR of the class bits of the Length characters of Line. Data lines are
-   mostly digits, blanks and signs, all below 0x40: eight characters at a
-   time are tested for that, and only then is a digit looked for with two
-   additions (no carry crosses a byte below 0x40). Other words go through the
-   table. A letter other than e/E settles both answers, so the walk stops. */
+/* OR of the class bits of the Length characters of Line. Data lines hold
+   digits, blanks, signs, points and exponent letters: eight characters at a
+   time are checked to be below 0x40 or e/E, and a digit is then looked for
+   with two additions (no carry crosses such a byte). Other words go through
+   the table. A letter other than e/E settles both answers: the walk stops. */
 static unsigned ClassBitsOfLine(const char *Line, size_t Length)
 {
     const uint64_t Ones = 0x0101010101010101ULL;
     const uint64_t High = 0x8080808080808080ULL;
+    const uint64_t Low7 = 0x7F7F7F7F7F7F7F7FULL;
     const unsigned char *P = (const unsigned char *)Line;
     const unsigned char *Class = CharTable.Class;
     unsigned Bits = 0;
@@ -70,15 +71,24 @@ static unsigned ClassBitsOfLine(const char *Line, size_t Length)
     for (; I + 8 <= Length; I += 8) {
         uint64_t Word;
         memcpy(&Word, P + I, sizeof(Word));
-        if ((((Word + 0x40 * Ones) | Word) & High) == 0) {
-            if ((Word + 0x50 * Ones) & ~(Word + 0x46 * Ones) & High)
-                Bits |= CharClass_Digit;
-            continue;
+        /* High bit set for every byte at or above 0x40 (a carry may flag a
+           neighbour too, which only sends the word to the table). */
+        uint64_t Above = ((Word + 0x40 * Ones) | Word) & High;
+        if (Above != 0) {
+            /* High bit set exactly for the bytes that are e or E. */
+            uint64_t X = (Word | 0x20 * Ones) ^ (0x65 * Ones);
+            uint64_t IsE = ~(((X & Low7) + Low7) | X) & High;
+            if ((Above & ~IsE) != 0) {
+                for (size_t K = 0; K < 8; K++)
+                    Bits |= Class[P[I + K]];
+                if (Bits & CharClass_OtherLetter)
+                    return Bits;
+                continue;
+            }
+            Bits |= CharClass_Letter;
         }
-        for (size_t K = 0; K < 8; K++)
-            Bits |= Class[P[I + K]];
-        if (Bits & CharClass_OtherLetter)
-            return Bits;
+        if ((Word + 0x50 * Ones) & ~(Word + 0x46 * Ones) & High)
+            Bits |= CharClass_Digit;
     }
     for (; I < Length; I++)
         Bits |= Class[P[I]];

@@ -26,7 +26,9 @@ TEST(LineClassify, BlankAndNumericFollowLettersAndDigits)
         {"1.0e+05 2.0E-03 -7", false, true}, {"12345678 x", false, false},
         {"abcdefgh12345678", false, false}, {"\xe9\xe9\xe9\xe9\xe9\xe9\xe9\xe9 1", false, true},
         {"........:;<=>?/ ", true, false},  {"@@@@@@@@[[[[````{{{{", true, false},
-        {"0 1 2 3 4 5 6 7 8 9 Z", false, false},
+        {"0 1 2 3 4 5 6 7 8 9 Z", false, false}, {"eeeeeeee", false, false},
+        {"eEeEeEeE1", false, true},            {"E-3e+5eE?>=<;:9876", false, true},
+        {"fFfFfFfF1", false, false},           {"eeeeeeeeeeeeeeeex", false, false},
     };
     for (const ClassRow &row : rows) {
         bool blank = !row.blank, numeric = !row.numeric;
