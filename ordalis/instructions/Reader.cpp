@@ -165,7 +165,11 @@ static void NormaliseFileExt(const char *Value, char *Dest, size_t Size)
     } else if (Value[0] == '.') {
         Prefix = "*";
     }
-    snprintf(Dest, Size, "%s%s", Prefix, Value);
+    /* The record's field is as long as a string value, so a long pattern is
+       cut at the end of the field. */
+    size_t PrefixLength = strlen(Prefix);
+    TW_Strncpy(Dest, Prefix, Size);
+    TW_Strncpy(Dest + PrefixLength, Value, Size - PrefixLength);
 }
 
 /* Splits Text at its commas into List; a backslash before a comma keeps

@@ -228,7 +228,9 @@ TEST(ConsoleUiTest, OnATerminalTheUserAnswersAndSeesTheBar)
     ui.progressDrop();
     const std::string empty = "Scan [..............................]   0%";
     const std::string half = "Scan [###############...............]  50%";
-    const std::string clear = "\r" + std::string(half.size(), ' ') + "\r";
+    std::string clear = "\r";
+    clear.append(half.size(), ' ');
+    clear += '\r';
     // The message goes above the bar, which comes back at the same percent.
     EXPECT_EQ(terminal.screen(), "\r" + empty + "\r" + half + clear + "Line 7 skipped\n\r" + half +
                                      clear);

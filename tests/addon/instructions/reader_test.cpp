@@ -268,7 +268,10 @@ TEST_F(ReaderTest, RecognisesInstructionSetFiles)
     };
     int I = 0;
     for (const auto &[Content, Expected] : Rows) {
-        std::string Path = Dir.File("f" + std::to_string(I++) + ".twc", Content);
+        std::string Name = "f";
+        Name += std::to_string(I++);
+        Name += ".twc";
+        std::string Path = Dir.File(Name, Content);
         EXPECT_EQ(IsInstructionSetFile(Path.c_str()), Expected) << Content;
     }
     EXPECT_FALSE(IsInstructionSetFile(Dir.PathOf("none.twc").c_str()));
