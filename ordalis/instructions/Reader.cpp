@@ -10,6 +10,7 @@
 #include "Reader.h"
 
 #include <cctype>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 
@@ -297,99 +298,143 @@ static void ReadLoadedVariables(TW_ConfigFileStream_s *S, Set_s *Set)
     S->Position = P;
 }
 
-/* Reads the keys of TITLE up to its "}". False when the parse must end. */
-static bool ScanTitleSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
-{
-    for (;;) {
-        TW_Token_e Token = Advance(S);
-        if (Token == Token_CloseBrace)
-            return true;
-        if (Token != Token_Keyword) {
-            ShowSyntaxError(S, TW_MISSING_BRACE_DETAIL);
-            return true;
-        }
-        bool Ok = true;
-        switch (S->KeywordId) {
-        case Keyword_Search:
-            Ok = AssignSearchMode(S, &Rec->TitleSearchMode);
-            break;
-        case Keyword_Name:
-            Ok = AssignString(S, Rec->TitleName, sizeof(Rec->TitleName) - 1);
-            break;
-        case Keyword_Line:
-            Ok = AssignLgIndex(S, &Rec->TitleLine);
-            break;
-        case Keyword_Keyword:
-            Ok = AssignString(S, Rec->TitleKeyword, sizeof(Rec->TitleKeyword));
-            break;
-        case Keyword_Delimiter:
-            Ok = AssignDelimiter(S, &Rec->TitleDelimiter);
-            break;
-        case Keyword_Width:
-            Ok = AssignLgIndex(S, &Rec->TitleWidth);
-            break;
-        default:
-            ShowSyntaxError(S, "Invalid keyword");
-            break;
-        }
-        if (!Ok)
-            return false;
-    }
-}
+/* How a key of a section reads its value. */
+typedef enum {
+    Field_String,     /* "= quoted string" into a char array of Size */
+    Field_LgIndex,    /* "= number" */
+    Field_Boolean,    /* "= TRUE|FALSE" */
+    Field_SearchMode, /* "= NONE|LINE|KEYWORD" */
+    Field_Delimiter,  /* "= AUTO|TAB|..." */
+    Field_Handler,    /* Handler reads the value */
+    Field_Section     /* "{", then the keys of Section up to its "}" */
+} TW_FieldKind_e;
 
-/* Reads the keys of VARIABLES up to its "}". False when the parse must
+struct TW_Section_s;
+
+/* Reads one key's value into Rec. False when the parse must end. */
+typedef bool (*TW_KeyHandler)(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec);
+
+/* One key a section accepts and where its value goes. */
+typedef struct {
+    TW_KeywordId_e KeywordId;
+    TW_FieldKind_e Kind;
+    size_t Offset;                 /* of the field in the record */
+    size_t Size;                   /* of a Field_String destination */
+    TW_KeyHandler Handler;         /* Field_Handler */
+    const TW_Section_s *Section;   /* Field_Section */
+} TW_SectionKey_s;
+
+/* The keys of one section and the texts of its two syntax errors. */
+struct TW_Section_s {
+    const TW_SectionKey_s *Keys;
+    size_t NumKeys;
+    const char *NotAKeyword; /* NULL: anything but a keyword ends silently */
+    const char *UnknownKey;  /* a keyword the section does not know */
+};
+
+#define TW_FIELD(Member) offsetof(TW_ConfigInstructions_s, Member)
+#define TW_VARIABLE(Member) (TW_FIELD(Variables) + offsetof(TW_Variables_s, Member))
+#define TW_DIMENSION(Member) (TW_FIELD(Dimension) + offsetof(TW_Dimension_s, Member))
+#define TW_FILTER(Member) (TW_FIELD(GlobalFilters) + offsetof(TW_GlobalFilters_s, Member))
+#define TW_KEY(Id, Kind, Offset, Size) {Id, Kind, Offset, Size, NULL, NULL}
+#define TW_HANDLER(Id, Handler) {Id, Field_Handler, 0, 0, Handler, NULL}
+#define TW_SECTION(Id, Section) {Id, Field_Section, 0, 0, NULL, &Section}
+#define TW_COUNT(Array) (sizeof(Array) / sizeof((Array)[0]))
+
+static bool ScanSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec,
+                        const TW_Section_s *Section);
+
+/* Reads the value of Key into its field of Rec. False when the parse must
    end. */
-static bool ScanVariablesSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+static bool AssignKey(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec,
+                      const TW_SectionKey_s *Key)
 {
-    TW_Variables_s *Vars = &Rec->Variables;
-    char Names[TW_MAX_STRING_LENGTH + 1];
+    void *Field = (char *)Rec + Key->Offset;
+    switch (Key->Kind) {
+    case Field_String:
+        return AssignString(S, (char *)Field, Key->Size);
+    case Field_LgIndex:
+        return AssignLgIndex(S, (int32_t *)Field);
+    case Field_Boolean:
+        return AssignBoolean(S, (bool *)Field);
+    case Field_SearchMode:
+        return AssignSearchMode(S, (TW_SearchMode_e *)Field);
+    case Field_Delimiter:
+        return AssignDelimiter(S, (TW_Delimiter_e *)Field);
+    case Field_Handler:
+        return Key->Handler(S, Rec);
+    case Field_Section:
+        return ExpectOpenBrace(S) && ScanSection(S, Rec, Key->Section);
+    }
+    return false;
+}
 
+/* Reads the keys of Section up to its "}" (or, at the top level, up to the
+   first token that is no keyword). An unknown keyword is reported and
+   skipped. False when the parse must end. */
+static bool ScanSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec,
+                        const TW_Section_s *Section)
+{
     for (;;) {
         TW_Token_e Token = Advance(S);
-        if (Token == Token_CloseBrace)
-            return true;
         if (Token != Token_Keyword) {
-            ShowSyntaxError(S, TW_MISSING_BRACE_DETAIL);
+            if (Section->NotAKeyword != NULL && Token != Token_CloseBrace)
+                ShowSyntaxError(S, Section->NotAKeyword);
             return true;
         }
-        bool Ok = true;
-        switch (S->KeywordId) {
-        case Keyword_Search:
-            Ok = AssignSearchMode(S, &Vars->SearchMode);
-            break;
-        case Keyword_Names:
-            Ok = AssignString(S, Names, sizeof(Names));
-            if (Ok)
-                AssignVariableNames(S, Vars, Names);
-            break;
-        case Keyword_Loaded:
-            if (Advance(S) != Token_Equals) {
-                ShowExpected(S, "'='");
-                Ok = false;
-            } else {
-                ReadLoadedVariables(S, Vars->LoadedVars);
-            }
-            break;
-        case Keyword_StartLine:
-            Ok = AssignLgIndex(S, &Vars->StartLine);
-            break;
-        case Keyword_EndLine:
-            Ok = AssignLgIndex(S, &Vars->EndLine);
-            break;
-        case Keyword_Width:
-            Ok = AssignLgIndex(S, &Vars->Width);
-            break;
-        case Keyword_Delimiter:
-            Ok = AssignDelimiter(S, &Vars->Delimiter);
-            break;
-        default:
-            ShowSyntaxError(S, "Invalid keyword");
-            break;
+        const TW_SectionKey_s *Key = NULL;
+        for (size_t I = 0; I < Section->NumKeys && Key == NULL; I++) {
+            if (Section->Keys[I].KeywordId == S->KeywordId)
+                Key = &Section->Keys[I];
         }
-        if (!Ok)
+        if (Key == NULL)
+            ShowSyntaxError(S, Section->UnknownKey);
+        else if (!AssignKey(S, Rec, Key))
             return false;
     }
 }
+
+static bool AssignNames(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    char Names[TW_MAX_STRING_LENGTH + 1];
+    if (!AssignString(S, Names, sizeof(Names)))
+        return false;
+    AssignVariableNames(S, &Rec->Variables, Names);
+    return true;
+}
+
+static bool AssignLoaded(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    if (Advance(S) != Token_Equals) {
+        ShowExpected(S, "'='");
+        return false;
+    }
+    ReadLoadedVariables(S, Rec->Variables.LoadedVars);
+    return true;
+}
+
+static const TW_SectionKey_s TitleKeys[] = {
+    TW_KEY(Keyword_Search, Field_SearchMode, TW_FIELD(TitleSearchMode), 0),
+    TW_KEY(Keyword_Name, Field_String, TW_FIELD(TitleName), sizeof(TW_ConfigInstructions_s::TitleName) - 1),
+    TW_KEY(Keyword_Line, Field_LgIndex, TW_FIELD(TitleLine), 0),
+    TW_KEY(Keyword_Keyword, Field_String, TW_FIELD(TitleKeyword), sizeof(TW_ConfigInstructions_s::TitleKeyword)),
+    TW_KEY(Keyword_Delimiter, Field_Delimiter, TW_FIELD(TitleDelimiter), 0),
+    TW_KEY(Keyword_Width, Field_LgIndex, TW_FIELD(TitleWidth), 0),
+};
+static const TW_Section_s TitleSection = {TitleKeys, TW_COUNT(TitleKeys), TW_MISSING_BRACE_DETAIL,
+                                          "Invalid keyword"};
+
+static const TW_SectionKey_s VariablesKeys[] = {
+    TW_KEY(Keyword_Search, Field_SearchMode, TW_VARIABLE(SearchMode), 0),
+    TW_HANDLER(Keyword_Names, AssignNames),
+    TW_HANDLER(Keyword_Loaded, AssignLoaded),
+    TW_KEY(Keyword_StartLine, Field_LgIndex, TW_VARIABLE(StartLine), 0),
+    TW_KEY(Keyword_EndLine, Field_LgIndex, TW_VARIABLE(EndLine), 0),
+    TW_KEY(Keyword_Width, Field_LgIndex, TW_VARIABLE(Width), 0),
+    TW_KEY(Keyword_Delimiter, Field_Delimiter, TW_VARIABLE(Delimiter), 0),
+};
+static const TW_Section_s VariablesSection = {VariablesKeys, TW_COUNT(VariablesKeys),
+                                              TW_MISSING_BRACE_DETAIL, "Invalid keyword"};
 
 /* Reads a STARTID (IsStart) or ENDID value and its marker block. A value
    that is not one of the marker's kinds is reported and the marker keeps
@@ -427,123 +472,60 @@ static bool AssignFileMarker(TW_ConfigFileStream_s *S, TW_FileMarker_s *Marker, 
     return ProcessFileMarker(S, Marker);
 }
 
-/* Reads the keys of IMPORT up to its "}". False when the parse must end. */
-static bool ScanImportSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+static bool AssignStartId(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
 {
-    for (;;) {
-        TW_Token_e Token = Advance(S);
-        if (Token == Token_CloseBrace)
-            return true;
-        if (Token != Token_Keyword) {
-            ShowSyntaxError(S, TW_MISSING_BRACE_DETAIL);
-            return true;
-        }
-        bool Ok = true;
-        switch (S->KeywordId) {
-        case Keyword_StartId:
-            Ok = AssignFileMarker(S, &Rec->StartId, true);
-            break;
-        case Keyword_EndId:
-            Ok = AssignFileMarker(S, &Rec->EndId, false);
-            break;
-        case Keyword_Format:
-            Ok = ReadWordValue(S) == WordValue_Ok;
-            if (Ok && S->KeywordId == Keyword_IJKPoint) {
-                Rec->Format = DataFormat_IJKPoint;
-            } else if (Ok && S->KeywordId == Keyword_IJKBlock) {
-                Rec->Format = DataFormat_IJKBlock;
-            } else if (Ok) {
-                ShowSyntaxError(S, "Expected one of IJKPOINT, IJKBLOCK");
-                Ok = false;
-            }
-            break;
-        case Keyword_Delimiter:
-            Ok = AssignDelimiter(S, &Rec->DataDelimiter);
-            break;
-        case Keyword_Width:
-            Ok = AssignLgIndex(S, &Rec->DataWidth);
-            break;
-        default:
-            ShowSyntaxError(S, "Invalid keyword");
-            break;
-        }
-        if (!Ok)
-            return false;
-    }
+    return AssignFileMarker(S, &Rec->StartId, true);
 }
 
-/* Reads the keys of DIMENSION up to its "}". False when the parse must
-   end. */
-static bool ScanDimensionSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+static bool AssignEndId(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
 {
-    for (;;) {
-        TW_Token_e Token = Advance(S);
-        if (Token == Token_CloseBrace)
-            return true;
-        if (Token != Token_Keyword) {
-            ShowSyntaxError(S, "Unknown syntax error or missing '}' ");
-            return true;
-        }
-        bool Ok = true;
-        switch (S->KeywordId) {
-        case Keyword_Auto:
-            Ok = AssignBoolean(S, &Rec->Dimension.Auto);
-            break;
-        case Keyword_CreateMultipleZones:
-            Ok = AssignBoolean(S, &Rec->CreateMultipleZones);
-            break;
-        case Keyword_Keyword:
-            Ok = AssignString(S, Rec->ZoneKeyword, sizeof(Rec->ZoneKeyword));
-            break;
-        case Keyword_IMax:
-            Ok = AssignLgIndex(S, &Rec->Dimension.IMax);
-            break;
-        case Keyword_JMax:
-            Ok = AssignLgIndex(S, &Rec->Dimension.JMax);
-            break;
-        case Keyword_KMax:
-            Ok = AssignLgIndex(S, &Rec->Dimension.KMax);
-            break;
-        default:
-            ShowSyntaxError(S, "Expected one of AUTO,IMAX,JMAX,KMAX");
-            break;
-        }
-        if (!Ok)
-            return false;
-    }
+    return AssignFileMarker(S, &Rec->EndId, false);
 }
 
-/* Reads the keys of DATA (with its IMPORT and DIMENSION sections) up to its
-   "}". False when the parse must end. */
-static bool ScanDataSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+static bool AssignFormat(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
 {
-    for (;;) {
-        TW_Token_e Token = Advance(S);
-        if (Token == Token_CloseBrace)
-            return true;
-        if (Token != Token_Keyword) {
-            ShowSyntaxError(S, TW_MISSING_BRACE_DETAIL);
-            return true;
-        }
-        bool Ok = true;
-        switch (S->KeywordId) {
-        case Keyword_IgnoreNonNumericTokens:
-            Ok = AssignBoolean(S, &Rec->IgnoreNonNumericTokens);
-            break;
-        case Keyword_Import:
-            Ok = ExpectOpenBrace(S) && ScanImportSection(S, Rec);
-            break;
-        case Keyword_Dimension:
-            Ok = ExpectOpenBrace(S) && ScanDimensionSection(S, Rec);
-            break;
-        default:
-            ShowSyntaxError(S, "Invalid keyword found");
-            break;
-        }
-        if (!Ok)
-            return false;
+    if (ReadWordValue(S) != WordValue_Ok)
+        return false;
+    if (S->KeywordId == Keyword_IJKPoint) {
+        Rec->Format = DataFormat_IJKPoint;
+    } else if (S->KeywordId == Keyword_IJKBlock) {
+        Rec->Format = DataFormat_IJKBlock;
+    } else {
+        ShowSyntaxError(S, "Expected one of IJKPOINT, IJKBLOCK");
+        return false;
     }
+    return true;
 }
+
+static const TW_SectionKey_s ImportKeys[] = {
+    TW_HANDLER(Keyword_StartId, AssignStartId),
+    TW_HANDLER(Keyword_EndId, AssignEndId),
+    TW_HANDLER(Keyword_Format, AssignFormat),
+    TW_KEY(Keyword_Delimiter, Field_Delimiter, TW_FIELD(DataDelimiter), 0),
+    TW_KEY(Keyword_Width, Field_LgIndex, TW_FIELD(DataWidth), 0),
+};
+static const TW_Section_s ImportSection = {ImportKeys, TW_COUNT(ImportKeys),
+                                           TW_MISSING_BRACE_DETAIL, "Invalid keyword"};
+
+static const TW_SectionKey_s DimensionKeys[] = {
+    TW_KEY(Keyword_Auto, Field_Boolean, TW_DIMENSION(Auto), 0),
+    TW_KEY(Keyword_CreateMultipleZones, Field_Boolean, TW_FIELD(CreateMultipleZones), 0),
+    TW_KEY(Keyword_Keyword, Field_String, TW_FIELD(ZoneKeyword), sizeof(TW_ConfigInstructions_s::ZoneKeyword)),
+    TW_KEY(Keyword_IMax, Field_LgIndex, TW_DIMENSION(IMax), 0),
+    TW_KEY(Keyword_JMax, Field_LgIndex, TW_DIMENSION(JMax), 0),
+    TW_KEY(Keyword_KMax, Field_LgIndex, TW_DIMENSION(KMax), 0),
+};
+static const TW_Section_s DimensionSection = {DimensionKeys, TW_COUNT(DimensionKeys),
+                                              "Unknown syntax error or missing '}' ",
+                                              "Expected one of AUTO,IMAX,JMAX,KMAX"};
+
+static const TW_SectionKey_s DataKeys[] = {
+    TW_KEY(Keyword_IgnoreNonNumericTokens, Field_Boolean, TW_FIELD(IgnoreNonNumericTokens), 0),
+    TW_SECTION(Keyword_Import, ImportSection),
+    TW_SECTION(Keyword_Dimension, DimensionSection),
+};
+static const TW_Section_s DataSection = {DataKeys, TW_COUNT(DataKeys), TW_MISSING_BRACE_DETAIL,
+                                         "Invalid keyword found"};
 
 /* Reads "= [list]" into List and sets Use to whether it holds a range. */
 static bool AssignNumList(TW_ConfigFileStream_s *S, TW_NumList_s *List, bool *Use)
@@ -557,62 +539,96 @@ static bool AssignNumList(TW_ConfigFileStream_s *S, TW_NumList_s *List, bool *Us
     return true;
 }
 
-/* Reads the keys of GLOBALFILTERS up to its "}". Writing either blank-cell
-   key switches blank-cell replacement on, whatever boolean it gives. False
-   when the parse must end. */
-static bool ScanGlobalFiltersSection(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+/* Reads a filter string into Dest; the filter is used when it is not
+   empty. */
+static bool AssignFilterString(TW_ConfigFileStream_s *S, char *Dest, size_t Size, bool *Use)
+{
+    if (!AssignString(S, Dest, Size))
+        return false;
+    *Use = Dest[0] != '\0';
+    return true;
+}
+
+static bool AssignFilterKeyword(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
 {
     TW_GlobalFilters_s *Filters = &Rec->GlobalFilters;
-
-    for (;;) {
-        TW_Token_e Token = Advance(S);
-        if (Token == Token_CloseBrace)
-            return true;
-        if (Token != Token_Keyword) {
-            ShowSyntaxError(S, "Unknown keyword or missing '}'");
-            return true;
-        }
-        bool Ok = true;
-        bool Ignored = false;
-        switch (S->KeywordId) {
-        case Keyword_Keyword:
-            Ok = AssignString(S, Filters->Keyword, sizeof(Filters->Keyword));
-            if (Ok)
-                Filters->UseKeyword = Filters->Keyword[0] != '\0';
-            break;
-        case Keyword_Comment:
-            Ok = AssignString(S, Filters->Comment, sizeof(Filters->Comment));
-            if (Ok)
-                Filters->UseComment = Filters->Comment[0] != '\0';
-            break;
-        case Keyword_Columns:
-            Ok = AssignNumList(S, &Filters->Columns, &Filters->UseColumns);
-            break;
-        case Keyword_Rows:
-            Ok = AssignNumList(S, &Filters->Rows, &Filters->UseRows);
-            break;
-        case Keyword_UseBlankCellValue:
-            Ok = AssignBoolean(S, &Ignored);
-            if (Ok)
-                Filters->UseBlankCellValue = true;
-            break;
-        case Keyword_BlankCellValue:
-            if (Advance(S) != Token_Equals || Advance(S) != Token_Number) {
-                ShowExpected(S, "number");
-                Ok = false;
-            } else {
-                Filters->BlankCellValue = S->DoubleValue;
-                Filters->UseBlankCellValue = true;
-            }
-            break;
-        default:
-            ShowSyntaxError(S, "Invalid keyword");
-            break;
-        }
-        if (!Ok)
-            return false;
-    }
+    return AssignFilterString(S, Filters->Keyword, sizeof(Filters->Keyword), &Filters->UseKeyword);
 }
+
+static bool AssignFilterComment(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    TW_GlobalFilters_s *Filters = &Rec->GlobalFilters;
+    return AssignFilterString(S, Filters->Comment, sizeof(Filters->Comment), &Filters->UseComment);
+}
+
+static bool AssignColumns(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    return AssignNumList(S, &Rec->GlobalFilters.Columns, &Rec->GlobalFilters.UseColumns);
+}
+
+static bool AssignRows(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    return AssignNumList(S, &Rec->GlobalFilters.Rows, &Rec->GlobalFilters.UseRows);
+}
+
+/* Writing USEBLANKCELLVALUE switches blank-cell replacement on, whatever
+   boolean it gives. */
+static bool AssignUseBlankCellValue(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    bool Ignored = false;
+    if (!AssignBoolean(S, &Ignored))
+        return false;
+    Rec->GlobalFilters.UseBlankCellValue = true;
+    return true;
+}
+
+/* A blank-cell value also switches blank-cell replacement on. */
+static bool AssignBlankCellValue(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    if (Advance(S) != Token_Equals || Advance(S) != Token_Number) {
+        ShowExpected(S, "number");
+        return false;
+    }
+    Rec->GlobalFilters.BlankCellValue = S->DoubleValue;
+    Rec->GlobalFilters.UseBlankCellValue = true;
+    return true;
+}
+
+static const TW_SectionKey_s GlobalFiltersKeys[] = {
+    TW_HANDLER(Keyword_Keyword, AssignFilterKeyword),
+    TW_HANDLER(Keyword_Comment, AssignFilterComment),
+    TW_HANDLER(Keyword_Columns, AssignColumns),
+    TW_HANDLER(Keyword_Rows, AssignRows),
+    TW_HANDLER(Keyword_UseBlankCellValue, AssignUseBlankCellValue),
+    TW_HANDLER(Keyword_BlankCellValue, AssignBlankCellValue),
+};
+static const TW_Section_s GlobalFiltersSection = {GlobalFiltersKeys, TW_COUNT(GlobalFiltersKeys),
+                                                  "Unknown keyword or missing '}'",
+                                                  "Invalid keyword"};
+
+static bool AssignFileExt(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
+{
+    char Value[TW_MAX_STRING_LENGTH + 1];
+    if (!AssignString(S, Value, sizeof(Value)))
+        return false;
+    NormaliseFileExt(Value, Rec->FileExt, sizeof(Rec->FileExt));
+    return true;
+}
+
+/* The top level. Anything but a keyword ends the text: the tokenizer has
+   reported what it found wrong; an unknown word ends it silently.
+   CONFIGFNAME is an invalid keyword here: references are resolved by the
+   loader. */
+static const TW_SectionKey_s TopLevelKeys[] = {
+    TW_KEY(Keyword_Version, Field_LgIndex, TW_FIELD(Version), 0),
+    TW_HANDLER(Keyword_FileExt, AssignFileExt),
+    TW_KEY(Keyword_FileDesc, Field_String, TW_FIELD(FileDesc), sizeof(TW_ConfigInstructions_s::FileDesc)),
+    TW_SECTION(Keyword_Title, TitleSection),
+    TW_SECTION(Keyword_Variables, VariablesSection),
+    TW_SECTION(Keyword_Data, DataSection),
+    TW_SECTION(Keyword_GlobalFilters, GlobalFiltersSection),
+};
+static const TW_Section_s TopLevel = {TopLevelKeys, TW_COUNT(TopLevelKeys), NULL, "Invalid keyword"};
 
 void ScanInstructionSet(const char *FileName, const char *Text, TW_ConfigInstructions_s *Rec)
 {
@@ -620,48 +636,8 @@ void ScanInstructionSet(const char *FileName, const char *Text, TW_ConfigInstruc
         return;
 
     TW_ConfigFileStream_s Stream;
-    TW_ConfigFileStream_s *S = &Stream;
-    InitConfigFileStream(S, FileName, Text);
-
-    char Value[TW_MAX_STRING_LENGTH + 1];
-    for (;;) {
-        /* Anything but a keyword ends the text: the tokenizer has reported
-           what it found wrong; an unknown word ends it silently. */
-        if (Advance(S) != Token_Keyword)
-            return;
-        bool Ok = true;
-        switch (S->KeywordId) {
-        case Keyword_Version:
-            Ok = AssignLgIndex(S, &Rec->Version);
-            break;
-        case Keyword_FileExt:
-            Ok = AssignString(S, Value, sizeof(Value));
-            if (Ok)
-                NormaliseFileExt(Value, Rec->FileExt, sizeof(Rec->FileExt));
-            break;
-        case Keyword_FileDesc:
-            Ok = AssignString(S, Rec->FileDesc, sizeof(Rec->FileDesc));
-            break;
-        case Keyword_Title:
-            Ok = ExpectOpenBrace(S) && ScanTitleSection(S, Rec);
-            break;
-        case Keyword_Variables:
-            Ok = ExpectOpenBrace(S) && ScanVariablesSection(S, Rec);
-            break;
-        case Keyword_Data:
-            Ok = ExpectOpenBrace(S) && ScanDataSection(S, Rec);
-            break;
-        case Keyword_GlobalFilters:
-            Ok = ExpectOpenBrace(S) && ScanGlobalFiltersSection(S, Rec);
-            break;
-        default:
-            /* CONFIGFNAME included: references are resolved by the loader. */
-            ShowSyntaxError(S, "Invalid keyword");
-            break;
-        }
-        if (!Ok)
-            return;
-    }
+    InitConfigFileStream(&Stream, FileName, Text);
+    ScanSection(&Stream, Rec, &TopLevel);
 }
 
 /* True when Line holds nothing but white space. */

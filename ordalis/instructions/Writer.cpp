@@ -39,73 +39,49 @@ static char StringBuffer[3051];
     "# End of file\n"                                               \
     "#######################################################\n"
 
+/* Names[Index], or the error name for an index outside the table. */
+static const char *NameAt(const char *const *Names, size_t Count, int Index)
+{
+    if (Index < 0 || (size_t)Index >= Count)
+        return TW_ERROR_NAME;
+    return Names[Index];
+}
+
 const char *Export_GetSearchModeString(TW_SearchMode_e Mode)
 {
-    switch (Mode) {
-    case SearchMode_None:
-        return "NONE";
-    case SearchMode_Line:
-        return "LINE";
-    case SearchMode_Keyword:
-        return "KEYWORD";
-    }
-    return TW_ERROR_NAME;
+    static const char *const Names[] = {"NONE", "LINE", "KEYWORD"};
+    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Mode - SearchMode_None);
 }
 
 const char *Export_GetDelimiterString(TW_Delimiter_e Delimiter)
 {
-    switch (Delimiter) {
-    case Delimiter_Auto:
-        return "AUTO";
-    case Delimiter_Tab:
-        return "TAB";
-    case Delimiter_Space:
-        return "SPACE";
-    case Delimiter_Semicolon:
-        return "SEMICOLON";
-    case Delimiter_Comma:
-        return "COMMA";
-    case Delimiter_Fixed:
-        return "FIXED";
-    }
-    return TW_ERROR_NAME;
+    static const char *const Names[] = {"AUTO", "TAB", "SPACE", "SEMICOLON", "COMMA", "FIXED"};
+    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Delimiter - Delimiter_Auto);
 }
 
 const char *Export_GetFileMarkerString(TW_FileMarker_e Marker)
 {
-    switch (Marker) {
-    case FileMarker_FirstNonNumericLine:
-        return "FIRSTNONNUMERICLINE";
-    case FileMarker_FirstNumericLine:
-        return "FIRSTNUMERICLINE";
-    case FileMarker_Line:
-        return "LINE";
-    case FileMarker_Keyword:
-        return "KEYWORD";
-    case FileMarker_EOF:
-        return "EOF";
-    }
-    return TW_ERROR_NAME;
+    static const char *const Names[] = {"FIRSTNONNUMERICLINE", "FIRSTNUMERICLINE", "LINE",
+                                        "KEYWORD", "EOF"};
+    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Marker - FileMarker_FirstNonNumericLine);
 }
 
 const char *Export_GetDataFormat(DataFormat_e Format)
 {
-    switch (Format) {
-    case DataFormat_IJKBlock:
-        return "IJKBLOCK";
-    case DataFormat_IJKPoint:
-        return "IJKPOINT";
-    case DataFormat_FEBlock:
-        return "FEBLOCK";
-    case DataFormat_FEPoint:
-        return "FEPOINT";
-    }
-    return TW_ERROR_NAME;
+    static const char *const Names[] = {"IJKBLOCK", "IJKPOINT", "FEBLOCK", "FEPOINT"};
+    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Format - DataFormat_IJKBlock);
 }
 
 static const char *BooleanName(bool Value)
 {
     return Value ? "TRUE" : "FALSE";
+}
+
+/* The "=" of an assignment: bare in the compact layout, between blanks in
+   the file layout. */
+static const char *Equals(bool Compact)
+{
+    return Compact ? "=" : " = ";
 }
 
 /* Formats into StringBuffer and appends the result to *Out. */
@@ -149,10 +125,7 @@ static void PrintWord(char **Out, int Indent, const char *Keyword, const char *V
                       bool Compact)
 {
     PrintIndent(Out, Indent, Compact);
-    if (Compact)
-        TackFormat(Out, "%s=%s ", Keyword, Value);
-    else
-        TackFormat(Out, "%s = %s ", Keyword, Value);
+    TackFormat(Out, "%s%s%s ", Keyword, Equals(Compact), Value);
     EndLine(Out, Compact);
 }
 
@@ -160,10 +133,7 @@ static void PrintWord(char **Out, int Indent, const char *Keyword, const char *V
 static void PrintInt(char **Out, int Indent, const char *Keyword, int32_t Value, bool Compact)
 {
     PrintIndent(Out, Indent, Compact);
-    if (Compact)
-        TackFormat(Out, "%s=%d ", Keyword, (int)Value);
-    else
-        TackFormat(Out, "%s = %d ", Keyword, (int)Value);
+    TackFormat(Out, "%s%s%d ", Keyword, Equals(Compact), (int)Value);
     EndLine(Out, Compact);
 }
 
@@ -195,10 +165,7 @@ static void PrintValue(char **Out, const char *Keyword, const char *Value, char 
     char *Escaped = EscapeQuotes(Keyword, Value);
     if (Escaped == NULL)
         return;
-    if (Compact)
-        TackFormat(Out, "%s=%c%s%c ", Keyword, Quote, Escaped, Quote);
-    else
-        TackFormat(Out, "%s = %c%s%c ", Keyword, Quote, Escaped, Quote);
+    TackFormat(Out, "%s%s%c%s%c ", Keyword, Equals(Compact), Quote, Escaped, Quote);
     CvnUtilStringDealloc(&Escaped);
 }
 
@@ -357,10 +324,7 @@ static void PrintGlobalFiltersSection(char **Out, const TW_GlobalFilters_s *Filt
         PrintList(Out, "ROWS", &Filters->Rows, Compact);
     PrintWord(Out, 1, "USEBLANKCELLVALUE", BooleanName(Filters->UseBlankCellValue), Compact);
     PrintIndent(Out, 1, Compact);
-    if (Compact)
-        TackFormat(Out, "%s=%f ", "BLANKCELLVALUE", Filters->BlankCellValue);
-    else
-        TackFormat(Out, "%s = %f ", "BLANKCELLVALUE", Filters->BlankCellValue);
+    TackFormat(Out, "%s%s%f ", "BLANKCELLVALUE", Equals(Compact), Filters->BlankCellValue);
     EndLine(Out, Compact);
     PrintFixed(Out, 0, "}\n", Compact);
 }
@@ -381,13 +345,9 @@ bool PrintInstructionSet(const TW_ConfigInstructions_s *Rec, bool Compact, char 
         return true;
     }
 
-    if (Compact) {
-        TackFormat(Out, "%s=%d ", "VERSION", (int)Rec->Version);
-    } else {
-        TackFormat(Out, "%s = %d ", "VERSION", (int)Rec->Version);
-        TackFormat(Out, "# %s", "version number of this file");
-        Str_TackOnString(Out, "\n");
-    }
+    TackFormat(Out, "%s%s%d ", "VERSION", Equals(Compact), (int)Rec->Version);
+    if (!Compact)
+        TackFormat(Out, "# %s\n", "version number of this file");
     PrintString(Out, "FILEEXT", Rec->FileExt, "typical extension of this kind, including '*.'",
                 Compact);
     PrintString(Out, "FILEDESC", Rec->FileDesc, "description of this kind of file", Compact);
