@@ -1,30 +1,27 @@
 /*
  * InstructionTestSupport.h - helpers shared by the reader and writer tests:
- * an owning record pointer, text rendering, temporary files and a
- * field-by-field comparison of two records.
+ * an owning record pointer, text rendering and a field-by-field comparison
+ * of two records.
  */
 #ifndef ORDALIS_TESTS_INSTRUCTIONTESTSUPPORT_H
 #define ORDALIS_TESTS_INSTRUCTIONTESTSUPPORT_H
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
-
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "Instructions.h"
+#include "TestFiles.h"
 #include "Reader.h"
 #include "Writer.h"
 
 namespace instrtest {
 
 using namespace corvane::cvnutildataio;
+using namespace testfiles;
 
 struct RecordDeleter {
     void operator()(TW_ConfigInstructions_s *Rec) const { ImportInstructionsDealloc(&Rec); }
@@ -54,40 +51,6 @@ inline Record Scan(const std::string &Text, const char *FileName = "test.twc")
     return Rec;
 }
 
-inline std::string ReadFile(const std::filesystem::path &Path)
-{
-    std::ifstream In(Path, std::ios::binary);
-    std::stringstream Buffer;
-    Buffer << In.rdbuf();
-    return Buffer.str();
-}
-
-/* A fresh directory under the system's temporary directory, removed with
-   everything in it at scope exit. */
-class TempDir {
-public:
-    TempDir()
-    {
-        static int Counter = 0;
-        Path_ = std::filesystem::temp_directory_path() /
-                ("ordalis_instr_" + std::to_string(::getpid()) + "_" + std::to_string(++Counter));
-        std::filesystem::create_directories(Path_);
-    }
-    ~TempDir() { std::filesystem::remove_all(Path_); }
-    TempDir(const TempDir &) = delete;
-    TempDir &operator=(const TempDir &) = delete;
-
-    std::string File(const std::string &Name, const std::string &Content) const
-    {
-        std::ofstream(Path_ / Name, std::ios::binary) << Content;
-        return (Path_ / Name).string();
-    }
-    std::string PathOf(const std::string &Name) const { return (Path_ / Name).string(); }
-
-private:
-    std::filesystem::path Path_;
-};
-
 /* Members of a host set in ascending order. */
 inline std::vector<long> Members(const Set_s *Set)
 {
@@ -106,72 +69,52 @@ inline std::vector<std::string> Names(const TW_Variables_s &Vars)
     return Result;
 }
 
-inline void ExpectSameList(const TW_NumList_s &A, const TW_NumList_s &B, const char *What)
+/* Gives Vars the names of List. */
+inline void SetNames(TW_Variables_s *Vars, const std::vector<std::string> &List)
 {
-    ASSERT_EQ(A.NumRanges, B.NumRanges) << What;
-    for (int32_t I = 0; I < A.NumRanges; I++) {
-        EXPECT_EQ(A.Ranges[I].Min, B.Ranges[I].Min) << What << " range " << I;
-        EXPECT_EQ(A.Ranges[I].Max, B.Ranges[I].Max) << What << " range " << I;
-    }
+    std::vector<TW_Variable_s> Entries(List.size());
+    for (size_t I = 0; I < List.size(); I++)
+        strcpy(Entries[I].Name, List[I].c_str());
+    CopyVarToVar(&Vars->Names, Entries.data(), &Vars->NumNames, (int32_t)List.size());
 }
 
 /* Every field that instruction text carries, compared one by one. Names
    read from text get a preview width of their length plus 2. */
 inline void ExpectSameInstructions(const TW_ConfigInstructions_s &E, const TW_ConfigInstructions_s &A)
 {
-    EXPECT_EQ(E.Version, A.Version);
-    EXPECT_STREQ(E.FileExt, A.FileExt);
-    EXPECT_STREQ(E.FileDesc, A.FileDesc);
-    EXPECT_EQ(E.TitleSearchMode, A.TitleSearchMode);
-    EXPECT_STREQ(E.TitleName, A.TitleName);
-    EXPECT_EQ(E.TitleLine, A.TitleLine);
-    EXPECT_STREQ(E.TitleKeyword, A.TitleKeyword);
-    EXPECT_EQ(E.TitleDelimiter, A.TitleDelimiter);
-    EXPECT_EQ(E.TitleWidth, A.TitleWidth);
-
-    EXPECT_EQ(E.Variables.SearchMode, A.Variables.SearchMode);
+#define SAME(Field) EXPECT_EQ(E.Field, A.Field) << #Field
+#define SAME_TEXT(Field) EXPECT_STREQ(E.Field, A.Field) << #Field
+    SAME(Version); SAME_TEXT(FileExt); SAME_TEXT(FileDesc); SAME(TitleSearchMode);
+    SAME_TEXT(TitleName); SAME(TitleLine); SAME_TEXT(TitleKeyword); SAME(TitleDelimiter);
+    SAME(TitleWidth); SAME(Variables.SearchMode); SAME(Variables.StartLine);
+    SAME(Variables.EndLine); SAME(Variables.Delimiter); SAME(Variables.Width);
     EXPECT_EQ(Names(E.Variables), Names(A.Variables));
     for (int32_t I = 0; I < A.Variables.NumNames; I++) {
-        EXPECT_EQ(A.Variables.Names[I].NameLength, (int32_t)strlen(A.Variables.Names[I].Name));
-        EXPECT_TRUE(A.Variables.Names[I].Selected);
-        EXPECT_EQ(A.Variables.Names[I].ColumnWidth, A.Variables.Names[I].NameLength + 2);
+        const TW_Variable_s &V = A.Variables.Names[I];
+        EXPECT_EQ(V.NameLength, (int32_t)strlen(V.Name));
+        EXPECT_TRUE(V.Selected);
+        EXPECT_EQ(V.ColumnWidth, V.NameLength + 2);
     }
     EXPECT_EQ(Members(E.Variables.LoadedVars), Members(A.Variables.LoadedVars));
-    EXPECT_EQ(E.Variables.StartLine, A.Variables.StartLine);
-    EXPECT_EQ(E.Variables.EndLine, A.Variables.EndLine);
-    EXPECT_EQ(E.Variables.Delimiter, A.Variables.Delimiter);
-    EXPECT_EQ(E.Variables.Width, A.Variables.Width);
-
-    EXPECT_EQ(E.IgnoreNonNumericTokens, A.IgnoreNonNumericTokens);
-    EXPECT_EQ(E.StartId.Marker, A.StartId.Marker);
-    EXPECT_STREQ(E.StartId.Keyword, A.StartId.Keyword);
-    EXPECT_EQ(E.StartId.Line, A.StartId.Line);
-    EXPECT_EQ(E.EndId.Marker, A.EndId.Marker);
-    EXPECT_STREQ(E.EndId.Keyword, A.EndId.Keyword);
-    EXPECT_EQ(E.EndId.Line, A.EndId.Line);
-    EXPECT_EQ(E.Format, A.Format);
-    EXPECT_EQ(E.DataDelimiter, A.DataDelimiter);
-    EXPECT_EQ(E.DataWidth, A.DataWidth);
-    EXPECT_EQ(E.Dimension.Auto, A.Dimension.Auto);
-    EXPECT_EQ(E.Dimension.IMax, A.Dimension.IMax);
-    EXPECT_EQ(E.Dimension.JMax, A.Dimension.JMax);
-    EXPECT_EQ(E.Dimension.KMax, A.Dimension.KMax);
-    EXPECT_EQ(E.CreateMultipleZones, A.CreateMultipleZones);
-    EXPECT_STREQ(E.ZoneKeyword, A.ZoneKeyword);
-
-    const TW_GlobalFilters_s &EF = E.GlobalFilters;
-    const TW_GlobalFilters_s &AF = A.GlobalFilters;
-    EXPECT_EQ(EF.UseComment, AF.UseComment);
-    EXPECT_EQ(EF.UseKeyword, AF.UseKeyword);
-    EXPECT_EQ(EF.UseColumns, AF.UseColumns);
-    EXPECT_EQ(EF.UseRows, AF.UseRows);
-    EXPECT_STREQ(EF.Comment, AF.Comment);
-    EXPECT_STREQ(EF.Keyword, AF.Keyword);
-    ExpectSameList(EF.Columns, AF.Columns, "Columns");
-    ExpectSameList(EF.Rows, AF.Rows, "Rows");
-    EXPECT_EQ(EF.UseBlankCellValue, AF.UseBlankCellValue);
-    EXPECT_EQ(EF.BlankCellValue, AF.BlankCellValue);
-    EXPECT_STREQ(E.ConfigFileName, A.ConfigFileName);
+    SAME(IgnoreNonNumericTokens); SAME(StartId.Marker); SAME_TEXT(StartId.Keyword);
+    SAME(StartId.Line); SAME(EndId.Marker); SAME_TEXT(EndId.Keyword); SAME(EndId.Line);
+    SAME(Format); SAME(DataDelimiter); SAME(DataWidth); SAME(Dimension.Auto);
+    SAME(Dimension.IMax); SAME(Dimension.JMax); SAME(Dimension.KMax);
+    SAME(CreateMultipleZones); SAME_TEXT(ZoneKeyword); SAME_TEXT(ConfigFileName);
+    SAME(GlobalFilters.UseComment); SAME(GlobalFilters.UseKeyword);
+    SAME(GlobalFilters.UseColumns); SAME(GlobalFilters.UseRows);
+    SAME_TEXT(GlobalFilters.Comment); SAME_TEXT(GlobalFilters.Keyword);
+    SAME(GlobalFilters.UseBlankCellValue); SAME(GlobalFilters.BlankCellValue);
+    for (auto List : {&TW_GlobalFilters_s::Columns, &TW_GlobalFilters_s::Rows}) {
+        const TW_NumList_s &EL = E.GlobalFilters.*List, &AL = A.GlobalFilters.*List;
+        ASSERT_EQ(EL.NumRanges, AL.NumRanges);
+        for (int32_t I = 0; I < EL.NumRanges; I++) {
+            EXPECT_EQ(EL.Ranges[I].Min, AL.Ranges[I].Min) << "range " << I;
+            EXPECT_EQ(EL.Ranges[I].Max, AL.Ranges[I].Max) << "range " << I;
+        }
+    }
+#undef SAME
+#undef SAME_TEXT
 }
 
 /* The frame in which every syntax error is shown. */

