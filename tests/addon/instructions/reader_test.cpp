@@ -341,7 +341,7 @@ TEST_F(ReaderTest, EveryFailedAllocationIsReportedAndNothingLeaks)
                                                  "[nn-nn,...]."))
                     << Error;
             }
-            EXPECT_TRUE(Rec->Variables.NumNames == 0 || Names(Rec->Variables) == Strings{"x", "y"});
+            EXPECT_TRUE(Rec->Variables.NumNames == 0 || Names(Rec->Variables) == Strings({"x", "y"}));
             Rec.reset();
             EXPECT_EQ(hostObjectsMade(), 0) << "allocation " << N;
         }
