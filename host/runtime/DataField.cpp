@@ -4,7 +4,10 @@
  */
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <new>
 
 #include "DataModel.h"
 
@@ -27,67 +30,80 @@ template <typename T> T roundClamped(double value)
     return static_cast<T>(r);
 }
 
-template <typename T> void storeAt(std::vector<T> &values, size_t index, double value)
+/* Bytes of one value of the type. */
+size_t valueSize(FieldDataType_e type)
 {
-    if (index < values.size()) {
-        if constexpr (std::is_same_v<T, double>)
-            values[index] = value;
-        else
-            values[index] = roundClamped<T>(value);
+    switch (type) {
+    case FieldDataType_Int32:
+        return sizeof(int32_t);
+    case FieldDataType_Int16:
+        return sizeof(int16_t);
+    case FieldDataType_Byte:
+        return sizeof(uint8_t);
+    default:
+        return sizeof(double);
     }
 }
 
 } // namespace
 
-Field::Field(FieldDataType_e type, size_t points) : type_(type)
+void Field::FreeBuffer::operator()(void *buffer) const
 {
-    switch (type) {
-    case FieldDataType_Int32:
-        values_ = std::vector<int32_t>(points);
-        break;
-    case FieldDataType_Int16:
-        values_ = std::vector<int16_t>(points);
-        break;
-    case FieldDataType_Byte:
-        values_ = std::vector<uint8_t>(points);
-        break;
-    default:
-        values_ = std::vector<double>(points);
-        break;
-    }
+    std::free(buffer);
 }
 
-size_t Field::size() const
+Field::Field(FieldDataType_e type, size_t points)
+    : type_(type == FieldDataType_Int32 || type == FieldDataType_Int16 ||
+                    type == FieldDataType_Byte
+                ? type
+                : FieldDataType_Double),
+      size_(points), values_(std::calloc(points ? points : 1, valueSize(type_)))
 {
-    return std::visit([](const auto &v) { return v.size(); }, values_);
+    if (!values_)
+        throw std::bad_alloc();
+}
+
+Field::Field(const Field &other) : Field(other.type_, other.size_)
+{
+    std::memcpy(values_.get(), other.values_.get(), size_ * valueSize(type_));
+}
+
+Field &Field::operator=(const Field &other)
+{
+    if (this != &other)
+        *this = Field(other);
+    return *this;
 }
 
 double Field::get(size_t index) const
 {
-    return std::visit(
-        [index](const auto &v) {
-            return index < v.size() ? static_cast<double>(v[index])
-                                    : std::numeric_limits<double>::quiet_NaN();
-        },
-        values_);
+    if (index >= size_)
+        return std::numeric_limits<double>::quiet_NaN();
+    switch (type_) {
+    case FieldDataType_Int32:
+        return static_cast<const int32_t *>(values_.get())[index];
+    case FieldDataType_Int16:
+        return static_cast<const int16_t *>(values_.get())[index];
+    case FieldDataType_Byte:
+        return static_cast<const uint8_t *>(values_.get())[index];
+    default:
+        return static_cast<const double *>(values_.get())[index];
+    }
 }
 
-/* The hot path of every load: one switch and a direct store. An index out of
-   range is ignored. */
-void Field::set(size_t index, double value)
+void Field::setInteger(size_t index, double value)
 {
     switch (type_) {
     case FieldDataType_Int32:
-        storeAt(*std::get_if<std::vector<int32_t>>(&values_), index, value);
+        static_cast<int32_t *>(values_.get())[index] = roundClamped<int32_t>(value);
         break;
     case FieldDataType_Int16:
-        storeAt(*std::get_if<std::vector<int16_t>>(&values_), index, value);
+        static_cast<int16_t *>(values_.get())[index] = roundClamped<int16_t>(value);
         break;
     case FieldDataType_Byte:
-        storeAt(*std::get_if<std::vector<uint8_t>>(&values_), index, value);
+        static_cast<uint8_t *>(values_.get())[index] = roundClamped<uint8_t>(value);
         break;
     default:
-        storeAt(*std::get_if<std::vector<double>>(&values_), index, value);
         break;
     }
 }

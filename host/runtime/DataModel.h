@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <variant>
+#include <memory>
 #include <vector>
 
 #include "CvnAPI.h"
@@ -23,19 +23,32 @@ namespace corvane::host {
 /* One variable's values in one zone, stored in the field's own type. */
 class Field {
 public:
+    /* A zero-filled field of points values. Throws std::bad_alloc when the
+       memory cannot be had. */
     Field(FieldDataType_e type, size_t points);
+    Field(const Field &other);
+    Field &operator=(const Field &other);
+    Field(Field &&) noexcept = default;
+    Field &operator=(Field &&) noexcept = default;
     FieldDataType_e type() const { return type_; }
-    size_t size() const;
+    size_t size() const { return size_; }
     double get(size_t index) const; /* 0-based */
     /* Stores value at the 0-based index: as is in a double field, rounded to
-       nearest and clamped to the type's range in an integer field. */
+       nearest and clamped to the type's range in an integer field. An index
+       out of range is ignored. */
     void set(size_t index, double value);
 
 private:
+    void setInteger(size_t index, double value);
+
+    struct FreeBuffer {
+        void operator()(void *buffer) const;
+    };
     FieldDataType_e type_;
-    std::variant<std::vector<double>, std::vector<int32_t>, std::vector<int16_t>,
-                 std::vector<uint8_t>>
-        values_;
+    size_t size_;
+    /* calloc'd: a large field's pages come zeroed from the system untouched,
+       so the one pass that matters is the store of the loaded values. */
+    std::unique_ptr<void, FreeBuffer> values_;
 };
 
 struct Zone {
@@ -70,6 +83,19 @@ int openDataLoads();
 /* Name of a field type as outputs write it: "double", "int32", "int16",
    "byte". */
 const char *fieldTypeName(FieldDataType_e type);
+
+/* ------------------------------------------------------- inline details */
+
+/* The hot path of every load: a direct store, no lookup, no allocation. */
+inline void Field::set(size_t index, double value)
+{
+    if (index >= size_)
+        return;
+    if (type_ == FieldDataType_Double)
+        static_cast<double *>(values_.get())[index] = value;
+    else
+        setInteger(index, value);
+}
 
 } // namespace corvane::host
 

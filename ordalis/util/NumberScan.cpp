@@ -43,28 +43,6 @@ constexpr double Pow10Double[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-/* Powers of ten as integers, for appending held-back zeros to a mantissa. */
-constexpr uint64_t Pow10Int[] = {1ULL,
-                                 10ULL,
-                                 100ULL,
-                                 1000ULL,
-                                 10000ULL,
-                                 100000ULL,
-                                 1000000ULL,
-                                 10000000ULL,
-                                 100000000ULL,
-                                 1000000000ULL,
-                                 10000000000ULL,
-                                 100000000000ULL,
-                                 1000000000000ULL,
-                                 10000000000000ULL,
-                                 100000000000000ULL,
-                                 1000000000000000ULL,
-                                 10000000000000000ULL,
-                                 100000000000000000ULL,
-                                 1000000000000000000ULL,
-                                 10000000000000000000ULL};
-
 constexpr int MaxMantissaDigits = 19;             /* always fits in 64 bits */
 constexpr uint64_t MaxExactMantissa = 1ULL << 53; /* doubles hold it exactly */
 constexpr int MaxExponentValue = 308;
@@ -97,36 +75,41 @@ bool Str_ScanForDouble(const char **Cursor, double *Value)
         P++;
     }
 
-    /* The digits as Mantissa * 10^(HeldZeros - FractionDigits); zeros after
-       the last non-zero digit are held back until another digit needs them. */
+    /* The digits as Mantissa * 10^Dropped: the first 19 significant digits
+       are kept (they always fit in 64 bits); integer digits beyond them
+       raise the power, a non-zero digit beyond them makes the value inexact.
+       Integer and fraction digits have loops of their own: this runs for
+       every value of a data file. */
     uint64_t Mantissa = 0;
     int SignificantDigits = 0;
-    int HeldZeros = 0;
-    int FractionDigits = 0;
+    int Dropped = 0;
     bool Inexact = false;
-    bool AnyDigit = false;
-    bool InFraction = false;
-
-    for (;; P++) {
-        unsigned char C = *P;
-        if (IsDigit(C)) {
-            AnyDigit = true;
-            FractionDigits += InFraction;
-            unsigned Digit = C - '0';
-            if (Digit == 0) {
-                HeldZeros += SignificantDigits > 0;
-            } else if (SignificantDigits + HeldZeros + 1 <= MaxMantissaDigits) {
-                Mantissa = Mantissa * Pow10Int[HeldZeros + 1] + Digit;
-                SignificantDigits += HeldZeros + 1;
-                HeldZeros = 0;
-            } else {
-                Inexact = true;
-            }
-        } else if (C == '.' && !InFraction) {
-            InFraction = true;
+    const unsigned char *Digits = P;
+    for (; IsDigit(*P); P++) {
+        unsigned Digit = *P - '0';
+        if (SignificantDigits < MaxMantissaDigits) {
+            Mantissa = Mantissa * 10 + Digit;
+            SignificantDigits += Mantissa != 0;
         } else {
-            break;
+            Dropped++;
+            Inexact |= Digit != 0;
         }
+    }
+    bool AnyDigit = P != Digits;
+    if (*P == '.') {
+        P++;
+        Digits = P;
+        for (; IsDigit(*P); P++) {
+            unsigned Digit = *P - '0';
+            if (SignificantDigits < MaxMantissaDigits) {
+                Mantissa = Mantissa * 10 + Digit;
+                SignificantDigits += Mantissa != 0;
+                Dropped--;
+            } else {
+                Inexact |= Digit != 0;
+            }
+        }
+        AnyDigit |= P != Digits;
     }
     if (P == Start)
         return false;
@@ -163,7 +146,7 @@ bool Str_ScanForDouble(const char **Cursor, double *Value)
     } else if (Mantissa == 0 && !Inexact) {
         *Value = Negative ? -0.0 : 0.0;
     } else {
-        int Power = HeldZeros - FractionDigits + (ExponentRead ? Exponent : 0);
+        int Power = Dropped + (ExponentRead ? Exponent : 0);
         if (!Inexact && Mantissa <= MaxExactMantissa && Power >= -22 && Power <= 22) {
             double Magnitude = static_cast<double>(Mantissa);
             Magnitude = Power >= 0 ? Magnitude * Pow10Double[Power] : Magnitude / Pow10Double[-Power];
