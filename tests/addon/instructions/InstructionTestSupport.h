@@ -1,27 +1,30 @@
 /*
  * InstructionTestSupport.h - helpers shared by the reader and writer tests:
- * an owning record pointer, text rendering and a field-by-field comparison
- * of two records.
+ * an owning record pointer, text rendering, scratch files and a
+ * field-by-field comparison of two records.
  */
 #ifndef ORDALIS_TESTS_INSTRUCTIONTESTSUPPORT_H
 #define ORDALIS_TESTS_INSTRUCTIONTESTSUPPORT_H
 
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
+
+#include <stdlib.h>
 
 #include <gtest/gtest.h>
 
 #include "Instructions.h"
-#include "TestFiles.h"
 #include "Reader.h"
 #include "Writer.h"
 
 namespace instrtest {
 
 using namespace corvane::cvnutildataio;
-using namespace testfiles;
 
 struct RecordDeleter {
     void operator()(TW_ConfigInstructions_s *Rec) const { ImportInstructionsDealloc(&Rec); }
@@ -50,6 +53,36 @@ inline Record Scan(const std::string &Text, const char *FileName = "test.twc")
     ScanInstructionSet(FileName, Text.c_str(), Rec.get());
     return Rec;
 }
+
+inline std::string readFile(const std::filesystem::path &Path)
+{
+    std::ifstream In(Path, std::ios::binary);
+    std::stringstream Text;
+    Text << In.rdbuf();
+    return Text.str();
+}
+
+inline void writeFile(const std::filesystem::path &Path, const std::string &Text)
+{
+    std::ofstream(Path, std::ios::binary) << Text;
+}
+
+/* A fresh folder under the temporary folder, removed at scope exit. */
+class ScratchDir {
+public:
+    ScratchDir()
+    {
+        std::string Pattern = (std::filesystem::temp_directory_path() / "ordalis_XXXXXX").string();
+        Path_ = ::mkdtemp(Pattern.data()) != nullptr ? Pattern : "";
+    }
+    ~ScratchDir() { std::filesystem::remove_all(Path_); }
+    ScratchDir(const ScratchDir &) = delete;
+    ScratchDir &operator=(const ScratchDir &) = delete;
+    std::string operator/(const std::string &Name) const { return (Path_ / Name).string(); }
+
+private:
+    std::filesystem::path Path_;
+};
 
 /* Members of a host set in ascending order. */
 inline std::vector<long> Members(const Set_s *Set)
