@@ -3,11 +3,10 @@
  * function, string list) in the order they were appended. Names are
  * matched ignoring ASCII case.
  */
-#include <new>
 #include <utility>
 
-#include "Faults.h"
 #include "Handles.h"
+#include "HostObjects.h"
 
 using namespace corvane::host;
 
@@ -32,12 +31,7 @@ Boolean_t append(ArgList_s *list, const char *name, ArgList_s::Value value)
 {
     if (list == nullptr || name == nullptr || *name == '\0')
         return FALSE;
-    try {
-        list->args.push_back({name, std::move(value)});
-    } catch (const std::bad_alloc &) {
-        return FALSE;
-    }
-    return TRUE;
+    return changeWithoutThrowing([&] { list->args.push_back({name, std::move(value)}); });
 }
 
 } // namespace
@@ -54,21 +48,12 @@ extern "C" {
 
 ArgList_s *CvnUtilArgListAlloc(void)
 {
-    if (hostAllocationFails())
-        return nullptr;
-    auto *list = new (std::nothrow) ArgList_s;
-    if (list != nullptr)
-        trackHostObject(+1);
-    return list;
+    return newHostObject<ArgList_s>();
 }
 
 void CvnUtilArgListDealloc(ArgList_s **ArgList)
 {
-    if (ArgList == nullptr || *ArgList == nullptr)
-        return;
-    delete *ArgList;
-    *ArgList = nullptr;
-    trackHostObject(-1);
+    deleteHostObject(ArgList);
 }
 
 Boolean_t CvnUtilArgListAppendString(ArgList_s *ArgList, const char *Name, const char *Value)

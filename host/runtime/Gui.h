@@ -25,25 +25,25 @@ enum class DialogButton { ok, apply, cancel, help };
 struct Dialog {
     LgIndex_t id = CVNGUI_BAD_ID;
     LgIndex_t parent = CVNGUI_MAIN_DIALOG_ID;
-    std::string title;
+    std::string title{};
     CvnGUIDialogCallback_pf init = nullptr;
     CvnGUIDialogCallback_pf ok = nullptr;
     CvnGUIDialogCallback_pf apply = nullptr;
     CvnGUIDialogCallback_pf cancel = nullptr;
     CvnGUIDialogCallback_pf help = nullptr;
     bool up = false;
-    std::vector<LgIndex_t> controls; /* in the order they were added */
+    std::vector<LgIndex_t> controls{}; /* in the order they were added */
 };
 
 struct Control {
     LgIndex_t id = CVNGUI_BAD_ID;
     LgIndex_t dialog = CVNGUI_BAD_ID;
     ControlKind kind = ControlKind::label;
-    std::string label;              /* frame, label, button, toggle */
+    std::string label{};            /* frame, label, button, toggle */
     LgIndex_t value = 0;            /* toggle 0/1; radio box and option menu: the 1-based item */
-    std::string text;               /* text field and multi-line text */
-    std::vector<std::string> items; /* radio box, option menu and list items */
-    std::vector<LgIndex_t> selection; /* list: selected positions, in selection order */
+    std::string text{};             /* text field and multi-line text */
+    std::vector<std::string> items{}; /* radio box, option menu and list items */
+    std::vector<LgIndex_t> selection{}; /* list: selected positions, in selection order */
     bool sensitive = true;
     bool readOnly = false;          /* multi-line text */
     bool multiSelection = false;    /* list */

@@ -9,11 +9,6 @@
 using namespace corvane::host::gui;
 
 namespace {
-std::string textOf(const char *text)
-{
-    return text != nullptr ? std::string(text) : std::string();
-}
-
 /* The comma-separated labels of an option menu. */
 std::vector<std::string> splitOptions(const char *list)
 {
@@ -31,6 +26,31 @@ std::vector<std::string> splitOptions(const char *list)
     }
     return items;
 }
+
+/* Adds a radio box or option menu with its items, the first one chosen. */
+LgIndex_t addChoices(LgIndex_t dialog, ControlKind kind, std::vector<std::string> items,
+                     CvnGUIIntCallback_pf callback)
+{
+    LgIndex_t chosen = items.empty() ? 0 : 1;
+    return addControl(dialog, {.kind = kind, .value = chosen, .items = std::move(items),
+                               .intCallback = callback});
+}
+
+/* Chooses the 1-based item of a radio box or option menu; other numbers
+   are ignored. */
+void setChoice(LgIndex_t id, ControlKind kind, LgIndex_t option)
+{
+    Control *control = controlRecord(id, {kind});
+    if (control != nullptr && option >= 1 && option <= static_cast<LgIndex_t>(control->items.size()))
+        control->value = option;
+}
+
+/* The chosen 1-based item, 0 for an unknown control. */
+LgIndex_t choice(LgIndex_t id, ControlKind kind)
+{
+    const Control *control = controlRecord(id, {kind});
+    return control != nullptr ? control->value : 0;
+}
 } // namespace
 
 extern "C" {
@@ -43,15 +63,9 @@ LgIndex_t CvnGUIDialogCreateModal(LgIndex_t ParentDialogID, LgIndex_t /*Width*/,
                                   CvnGUIDialogCallback_pf CancelButtonCallback,
                                   CvnGUIDialogCallback_pf HelpButtonCallback)
 {
-    Dialog dialog;
-    dialog.parent = ParentDialogID;
-    dialog.title = textOf(Title);
-    dialog.init = InitCallback;
-    dialog.ok = OkButtonCallback;
-    dialog.apply = ApplyButtonCallback;
-    dialog.cancel = CancelButtonCallback;
-    dialog.help = HelpButtonCallback;
-    return addDialog(std::move(dialog));
+    return addDialog({.parent = ParentDialogID, .title = textOf(Title), .init = InitCallback,
+                      .ok = OkButtonCallback, .apply = ApplyButtonCallback,
+                      .cancel = CancelButtonCallback, .help = HelpButtonCallback});
 }
 
 void CvnGUIDialogLaunch(LgIndex_t DialogID)
@@ -88,19 +102,13 @@ void CvnGUISetSensitivity(LgIndex_t ControlID, Boolean_t IsSensitive)
 LgIndex_t CvnGUIFrameAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
                          LgIndex_t /*Width*/, LgIndex_t /*Height*/, const char *Label)
 {
-    Control control;
-    control.kind = ControlKind::frame;
-    control.label = textOf(Label);
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::frame, .label = textOf(Label)});
 }
 
 LgIndex_t CvnGUILabelAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
                          const char *Label)
 {
-    Control control;
-    control.kind = ControlKind::label;
-    control.label = textOf(Label);
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::label, .label = textOf(Label)});
 }
 
 void CvnGUILabelSetText(LgIndex_t LabelID, const char *Text)
@@ -113,22 +121,16 @@ LgIndex_t CvnGUIButtonAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /
                           LgIndex_t /*Width*/, LgIndex_t /*Height*/, const char *Label,
                           CvnGUIButtonCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::button;
-    control.label = textOf(Label);
-    control.buttonCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::button, .label = textOf(Label),
+                                       .buttonCallback = Callback});
 }
 
 LgIndex_t CvnGUIToggleAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
                           LgIndex_t /*Width*/, LgIndex_t /*Height*/, const char *Label,
                           CvnGUIIntCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::toggle;
-    control.label = textOf(Label);
-    control.intCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::toggle, .label = textOf(Label),
+                                       .intCallback = Callback});
 }
 
 void CvnGUIToggleSet(LgIndex_t ToggleID, Boolean_t SetOn)
@@ -148,54 +150,40 @@ LgIndex_t CvnGUIRadioBoxAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t
                             const char *Label2, const char *Label3, const char *Label4,
                             const char *Label5, CvnGUIIntCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::radioBox;
+    std::vector<std::string> items;
     for (const char *label : {Label1, Label2, Label3, Label4, Label5}) {
         if (label == nullptr || *label == '\0')
             break;
-        control.items.emplace_back(label);
+        items.emplace_back(label);
     }
-    control.value = control.items.empty() ? 0 : 1;
-    control.intCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addChoices(ParentDialogID, ControlKind::radioBox, std::move(items), Callback);
 }
 
 void CvnGUIRadioBoxSetSelectedOption(LgIndex_t RadioBoxID, LgIndex_t Option)
 {
-    Control *control = controlRecord(RadioBoxID, {ControlKind::radioBox});
-    if (control != nullptr && Option >= 1 && Option <= static_cast<LgIndex_t>(control->items.size()))
-        control->value = Option;
+    setChoice(RadioBoxID, ControlKind::radioBox, Option);
 }
 
 LgIndex_t CvnGUIRadioBoxGetSelectedOption(LgIndex_t RadioBoxID)
 {
-    const Control *control = controlRecord(RadioBoxID, {ControlKind::radioBox});
-    return control != nullptr ? control->value : 0;
+    return choice(RadioBoxID, ControlKind::radioBox);
 }
 
 LgIndex_t CvnGUIOptionMenuAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
                               LgIndex_t /*Width*/, LgIndex_t /*Height*/, const char *OptionList,
                               CvnGUIIntCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::optionMenu;
-    control.items = splitOptions(OptionList);
-    control.value = control.items.empty() ? 0 : 1;
-    control.intCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addChoices(ParentDialogID, ControlKind::optionMenu, splitOptions(OptionList), Callback);
 }
 
 void CvnGUIOptionMenuSet(LgIndex_t OptionMenuID, LgIndex_t Option)
 {
-    Control *control = controlRecord(OptionMenuID, {ControlKind::optionMenu});
-    if (control != nullptr && Option >= 1 && Option <= static_cast<LgIndex_t>(control->items.size()))
-        control->value = Option;
+    setChoice(OptionMenuID, ControlKind::optionMenu, Option);
 }
 
 LgIndex_t CvnGUIOptionMenuGet(LgIndex_t OptionMenuID)
 {
-    const Control *control = controlRecord(OptionMenuID, {ControlKind::optionMenu});
-    return control != nullptr ? control->value : 0;
+    return choice(OptionMenuID, ControlKind::optionMenu);
 }
 
 } // extern "C"

@@ -29,17 +29,15 @@ LgIndex_t CvnGUIListAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y
                         LgIndex_t /*Width*/, LgIndex_t /*Height*/, Boolean_t IsMultiSelection,
                         CvnGUIIntCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::list;
-    control.multiSelection = IsMultiSelection != FALSE;
-    control.intCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::list,
+                                       .multiSelection = IsMultiSelection != FALSE,
+                                       .intCallback = Callback});
 }
 
 void CvnGUIListAppendItem(LgIndex_t ListID, const char *Item)
 {
     if (Control *list = listRecord(ListID))
-        list->items.emplace_back(Item != nullptr ? Item : "");
+        list->items.push_back(textOf(Item));
 }
 
 void CvnGUIListDeleteAllItems(LgIndex_t ListID)

@@ -6,6 +6,7 @@
 #define CORVANE_HOST_GUISTORE_H
 
 #include <initializer_list>
+#include <string>
 
 #include "Gui.h"
 
@@ -19,6 +20,12 @@ LgIndex_t addDialog(Dialog dialog);
 /* Adds a control to an existing dialog; its new id, or CVNGUI_BAD_ID when
    there is no such dialog. */
 LgIndex_t addControl(LgIndex_t dialog, Control control);
+
+/* The text of a C string argument; NULL reads as empty. */
+inline std::string textOf(const char *text)
+{
+    return text != nullptr ? std::string(text) : std::string();
+}
 
 } // namespace corvane::host::gui
 

@@ -18,11 +18,6 @@ using namespace corvane::host;
 using namespace corvane::host::gui;
 
 namespace {
-std::string textOf(const char *text)
-{
-    return text != nullptr ? std::string(text) : std::string();
-}
-
 /* The field's text without surrounding blanks and without one trailing
    percent sign. */
 std::string_view numberText(std::string_view text)
@@ -75,6 +70,48 @@ Control *multiLineText(LgIndex_t id)
 {
     return controlRecord(id, {ControlKind::text});
 }
+
+/* A new host string with the control's text; nullptr for no control. */
+char *textCopy(const Control *control, const char *label)
+{
+    return control != nullptr ? newHostString(control->text, label) : nullptr;
+}
+
+/* Reads the text field's number with parse into *value; FALSE (value
+   untouched) when there is no such field or its text is not a number. */
+template <class Number>
+Boolean_t readNumber(LgIndex_t id, Number *value,
+                     std::optional<Number> (*parse)(std::string_view))
+{
+    const Control *control = textField(id);
+    if (control == nullptr || value == nullptr)
+        return FALSE;
+    auto number = parse(control->text);
+    if (!number)
+        return FALSE;
+    *value = *number;
+    return TRUE;
+}
+
+/* TRUE when the text field holds a number from min to max; otherwise shows
+   "<name> must be <what> from <min> to <max>." (with percent signs when
+   isPercent) and gives FALSE. */
+template <class Number>
+Boolean_t validateNumber(LgIndex_t id, std::optional<Number> (*parse)(std::string_view),
+                         const char *what, const char *name, Number min, Number max,
+                         Boolean_t isPercent)
+{
+    const Control *control = textField(id);
+    if (control == nullptr)
+        return FALSE;
+    auto number = parse(control->text);
+    if (number && *number >= min && *number <= max)
+        return TRUE;
+    const char *sign = percentSign(isPercent);
+    userInterface().error(
+        fmt::format("{} must be {} from {}{} to {}{}.", textOf(name), what, min, sign, max, sign));
+    return FALSE;
+}
 } // namespace
 
 extern "C" {
@@ -83,10 +120,7 @@ LgIndex_t CvnGUITextFieldAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_
                              LgIndex_t /*Width*/, LgIndex_t /*Height*/,
                              CvnGUITextCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::textField;
-    control.textCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::textField, .textCallback = Callback});
 }
 
 void CvnGUITextFieldSetString(LgIndex_t TextFieldID, const char *Text)
@@ -97,8 +131,7 @@ void CvnGUITextFieldSetString(LgIndex_t TextFieldID, const char *Text)
 
 char *CvnGUITextFieldGetString(LgIndex_t TextFieldID)
 {
-    const Control *control = textField(TextFieldID);
-    return control != nullptr ? newHostString(control->text, "TextFieldGetString") : nullptr;
+    return textCopy(textField(TextFieldID), "TextFieldGetString");
 }
 
 void CvnGUITextFieldSetLgIndex(LgIndex_t TextFieldID, LgIndex_t Value, Boolean_t IsPercent)
@@ -109,67 +142,33 @@ void CvnGUITextFieldSetLgIndex(LgIndex_t TextFieldID, LgIndex_t Value, Boolean_t
 
 Boolean_t CvnGUITextFieldGetLgIndex(LgIndex_t TextFieldID, LgIndex_t *Value)
 {
-    const Control *control = textField(TextFieldID);
-    if (control == nullptr || Value == nullptr)
-        return FALSE;
-    auto value = parseIndex(control->text);
-    if (!value)
-        return FALSE;
-    *Value = *value;
-    return TRUE;
+    return readNumber(TextFieldID, Value, parseIndex);
 }
 
 Boolean_t CvnGUITextFieldGetDouble(LgIndex_t TextFieldID, double *Value)
 {
-    const Control *control = textField(TextFieldID);
-    if (control == nullptr || Value == nullptr)
-        return FALSE;
-    auto value = parseDouble(control->text);
-    if (!value)
-        return FALSE;
-    *Value = *value;
-    return TRUE;
+    return readNumber(TextFieldID, Value, parseDouble);
 }
 
 Boolean_t CvnGUITextFieldValidateLgIndex(LgIndex_t TextFieldID, const char *FieldName,
                                          LgIndex_t Min, LgIndex_t Max, Boolean_t IsPercent)
 {
-    const Control *control = textField(TextFieldID);
-    if (control == nullptr)
-        return FALSE;
-    auto value = parseIndex(control->text);
-    if (value && *value >= Min && *value <= Max)
-        return TRUE;
-    const char *sign = percentSign(IsPercent);
-    userInterface().error(fmt::format("{} must be a whole number from {}{} to {}{}.",
-                                      textOf(FieldName), Min, sign, Max, sign));
-    return FALSE;
+    return validateNumber(TextFieldID, parseIndex, "a whole number", FieldName, Min, Max,
+                          IsPercent);
 }
 
 Boolean_t CvnGUITextFieldValidateDouble(LgIndex_t TextFieldID, const char *FieldName, double Min,
                                         double Max, Boolean_t IsPercent)
 {
-    const Control *control = textField(TextFieldID);
-    if (control == nullptr)
-        return FALSE;
-    auto value = parseDouble(control->text);
-    if (value && *value >= Min && *value <= Max)
-        return TRUE;
-    const char *sign = percentSign(IsPercent);
-    userInterface().error(fmt::format("{} must be a number from {}{} to {}{}.", textOf(FieldName),
-                                      Min, sign, Max, sign));
-    return FALSE;
+    return validateNumber(TextFieldID, parseDouble, "a number", FieldName, Min, Max, IsPercent);
 }
 
 LgIndex_t CvnGUITextAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
                         LgIndex_t /*Width*/, LgIndex_t /*Height*/, Boolean_t IsReadOnly,
                         CvnGUITextCallback_pf Callback)
 {
-    Control control;
-    control.kind = ControlKind::text;
-    control.readOnly = IsReadOnly != FALSE;
-    control.textCallback = Callback;
-    return addControl(ParentDialogID, std::move(control));
+    return addControl(ParentDialogID, {.kind = ControlKind::text, .readOnly = IsReadOnly != FALSE,
+                                       .textCallback = Callback});
 }
 
 void CvnGUITextSetString(LgIndex_t TextID, const char *Text)
@@ -180,8 +179,7 @@ void CvnGUITextSetString(LgIndex_t TextID, const char *Text)
 
 char *CvnGUITextGetString(LgIndex_t TextID)
 {
-    const Control *control = multiLineText(TextID);
-    return control != nullptr ? newHostString(control->text, "TextGetString") : nullptr;
+    return textCopy(multiLineText(TextID), "TextGetString");
 }
 
 void CvnGUITextAppendString(LgIndex_t TextID, const char *Text)

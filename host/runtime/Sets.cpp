@@ -2,10 +2,8 @@
  * Sets.cpp - host sets of 1-based numbers. The host shows no box of its own
  * when a set cannot be made: the caller reports the failure in its words.
  */
-#include <new>
-
-#include "Faults.h"
 #include "Handles.h"
+#include "HostObjects.h"
 
 using namespace corvane::host;
 
@@ -13,21 +11,12 @@ extern "C" {
 
 Set_s *CvnUtilSetAlloc(Boolean_t /*ShowErr*/)
 {
-    if (hostAllocationFails())
-        return nullptr;
-    auto *set = new (std::nothrow) Set_s;
-    if (set != nullptr)
-        trackHostObject(+1);
-    return set;
+    return newHostObject<Set_s>();
 }
 
 void CvnUtilSetDealloc(Set_s **Set)
 {
-    if (Set == nullptr || *Set == nullptr)
-        return;
-    delete *Set;
-    *Set = nullptr;
-    trackHostObject(-1);
+    deleteHostObject(Set);
 }
 
 void CvnUtilSetClear(Set_s *Set)
@@ -40,12 +29,7 @@ Boolean_t CvnUtilSetAddMember(Set_s *Set, LgIndex_t Member, Boolean_t /*ShowErr*
 {
     if (Set == nullptr || Member < 1)
         return FALSE;
-    try {
-        Set->members.insert(Member);
-    } catch (const std::bad_alloc &) {
-        return FALSE;
-    }
-    return TRUE;
+    return changeWithoutThrowing([&] { Set->members.insert(Member); });
 }
 
 Boolean_t CvnUtilSetRemoveMember(Set_s *Set, LgIndex_t Member)
@@ -65,12 +49,8 @@ Boolean_t CvnUtilSetCopy(Set_s *Dst, const Set_s *Src, Boolean_t /*ShowErr*/)
 {
     if (Dst == nullptr || Src == nullptr)
         return FALSE;
-    try {
-        Dst->members.insert(Src->members.begin(), Src->members.end());
-    } catch (const std::bad_alloc &) {
-        return FALSE;
-    }
-    return TRUE;
+    return changeWithoutThrowing(
+        [&] { Dst->members.insert(Src->members.begin(), Src->members.end()); });
 }
 
 Boolean_t CvnUtilSetIsEmpty(const Set_s *Set)

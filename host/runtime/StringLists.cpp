@@ -2,11 +2,9 @@
  * StringLists.cpp - host string lists: an ordered list of strings, items
  * numbered from 1. GetString hands out a copy the caller releases.
  */
-#include <new>
-
-#include "Faults.h"
 #include "Handles.h"
 #include "HostMemory.h"
+#include "HostObjects.h"
 
 using namespace corvane::host;
 
@@ -14,21 +12,12 @@ extern "C" {
 
 StringList_s *CvnUtilStringListAlloc(void)
 {
-    if (hostAllocationFails())
-        return nullptr;
-    auto *list = new (std::nothrow) StringList_s;
-    if (list != nullptr)
-        trackHostObject(+1);
-    return list;
+    return newHostObject<StringList_s>();
 }
 
 void CvnUtilStringListDealloc(StringList_s **StringList)
 {
-    if (StringList == nullptr || *StringList == nullptr)
-        return;
-    delete *StringList;
-    *StringList = nullptr;
-    trackHostObject(-1);
+    deleteHostObject(StringList);
 }
 
 void CvnUtilStringListClear(StringList_s *StringList)
@@ -41,12 +30,8 @@ Boolean_t CvnUtilStringListAppendString(StringList_s *StringList, const char *St
 {
     if (StringList == nullptr)
         return FALSE;
-    try {
-        StringList->items.emplace_back(String != nullptr ? String : "");
-    } catch (const std::bad_alloc &) {
-        return FALSE;
-    }
-    return TRUE;
+    return changeWithoutThrowing(
+        [&] { StringList->items.emplace_back(String != nullptr ? String : ""); });
 }
 
 LgIndex_t CvnUtilStringListGetCount(const StringList_s *StringList)

@@ -39,6 +39,25 @@ char *allocateString(std::size_t maxLength, const char *label)
     trackHostObject(+1);
     return text;
 }
+
+/* Frees *block when live holds it and clears the pointer; a block the host
+   did not hand out is reported, not freed (that would corrupt someone
+   else's memory). */
+template <class Block, class Live>
+void releaseBlock(Live &live, Block **block, const char *what)
+{
+    if (block == nullptr || *block == nullptr)
+        return;
+    auto found = live.find(*block);
+    if (found == live.end()) {
+        std::fprintf(stderr, "corvane: %s the host did not hand out\n", what);
+    } else {
+        live.erase(found);
+        std::free(*block);
+        trackHostObject(-1);
+    }
+    *block = nullptr;
+}
 } // namespace
 
 char *newHostString(std::string_view text, const char *label)
@@ -85,33 +104,12 @@ char *CvnUtilStringAlloc(LgIndex_t MaxLength, const char *DebugInfo)
 
 void CvnUtilStringDealloc(char **String)
 {
-    if (String == nullptr || *String == nullptr)
-        return;
-    auto found = liveStrings().find(*String);
-    if (found == liveStrings().end()) {
-        /* Not ours: freeing it would corrupt someone else's memory. */
-        std::fprintf(stderr, "corvane: CvnUtilStringDealloc given a string the host did not hand out\n");
-    } else {
-        liveStrings().erase(found);
-        std::free(*String);
-        trackHostObject(-1);
-    }
-    *String = nullptr;
+    releaseBlock(liveStrings(), String, "CvnUtilStringDealloc given a string");
 }
 
 void CvnUtilArrayDealloc(void **Array)
 {
-    if (Array == nullptr || *Array == nullptr)
-        return;
-    auto found = liveArrays().find(*Array);
-    if (found == liveArrays().end()) {
-        std::fprintf(stderr, "corvane: CvnUtilArrayDealloc given an array the host did not hand out\n");
-    } else {
-        liveArrays().erase(found);
-        std::free(*Array);
-        trackHostObject(-1);
-    }
-    *Array = nullptr;
+    releaseBlock(liveArrays(), Array, "CvnUtilArrayDealloc given an array");
 }
 
 } // extern "C"

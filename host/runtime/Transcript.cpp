@@ -10,39 +10,32 @@ namespace corvane::host {
 
 std::string toJsonLine(const UiEvent &event)
 {
-    nlohmann::ordered_json record;
+    using Record = nlohmann::ordered_json;
+    Record record;
     switch (event.kind) {
     case UiEvent::Kind::error:
-        record["event"] = "error";
-        record["text"] = event.text;
+        record = {{"event", "error"}, {"text", event.text}};
         break;
     case UiEvent::Kind::message:
-        record["event"] = "message";
-        record["type"] = event.type;
-        record["text"] = event.text;
-        record["answer"] = event.answer;
+        record = {{"event", "message"}, {"type", event.type}, {"text", event.text},
+                  {"answer", event.answer}};
         break;
     case UiEvent::Kind::progress:
-        record["event"] = "progress";
-        record["label"] = event.text;
-        record["cancel"] = event.cancel;
+        record = {{"event", "progress"}, {"label", event.text}, {"cancel", event.cancel}};
         break;
     case UiEvent::Kind::progressEnd:
-        record["event"] = "progress-end";
+        record = {{"event", "progress-end"}};
         break;
     case UiEvent::Kind::file:
-        record["event"] = "file";
-        record["title"] = event.text;
-        record["answer"] = event.answer;
+        record = {{"event", "file"}, {"title", event.text}, {"answer", event.answer}};
         break;
     case UiEvent::Kind::help:
-        record["event"] = "help";
-        record["page"] = event.text;
+        record = {{"event", "help"}, {"page", event.text}};
         break;
     }
     /* Texts come from data files and may not be UTF-8: replace bad bytes
        rather than fail. */
-    return record.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    return record.dump(-1, ' ', false, Record::error_handler_t::replace);
 }
 
 } // namespace corvane::host
