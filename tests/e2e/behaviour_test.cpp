@@ -6,9 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include "CorvaneProcess.h"
+#include "CorvaneRun.h"
 
-using namespace e2e;
+using namespace testfiles;
 
 namespace {
 
@@ -18,15 +18,32 @@ const char *shortLinesSet =
     "VARIABLES { SEARCH = LINE STARTLINE = 1 ENDLINE = 1 }\n"
     "DATA { IMPORT { STARTID = FIRSTNUMERICLINE { } ENDID = EOF { } } }\n";
 
-std::string question(int line)
+std::string mismatch(int line)
 {
-    return "{\"event\":\"message\",\"type\":\"yesno\",\"text\":\"Expected to find 3 data values on "
-           "line " + std::to_string(line) +
-           ", but 2 data values were found.\\nIt is recommended to specify a value for blanked "
-           "cells and restart.\\nContinue processing?\",\"answer\":";
+    return "Expected to find 3 data values on line " + std::to_string(line) +
+           ", but 2 data values were found.\nIt is recommended to specify a value for blanked "
+           "cells and restart.\nContinue processing?";
 }
 
-const std::string scanStart = "{\"event\":\"progress\",\"label\":\"Scanning file...\",\"cancel\":true}\n";
+/* The transcript line of the question about line, answered answer. */
+std::string question(int line, const std::string &answer)
+{
+    std::string text = mismatch(line);
+    for (size_t at; (at = text.find('\n')) != std::string::npos;)
+        text.replace(at, 1, "\\n");
+    return R"({"event":"message","type":"yesno","text":")" + text + R"(","answer":")" + answer +
+           "\"}\n";
+}
+
+/* corvane load with args in cwd. */
+Result load(std::vector<std::string> args, const fs::path &cwd)
+{
+    args.insert(args.begin(), "load");
+    return runCorvane(args, cwd);
+}
+
+const std::string scanStart =
+    "{\"event\":\"progress\",\"label\":\"Scanning file...\",\"cancel\":true}\n";
 const std::string progressEnd = "{\"event\":\"progress-end\"}\n";
 const std::string transferStart =
     "{\"event\":\"progress\",\"label\":\"Transferring data to Corvane...\",\"cancel\":true}\n";
@@ -36,59 +53,40 @@ const std::string readError = "{\"event\":\"error\",\"text\":\"Error reading inp
 
 } // namespace
 
-TEST(Behaviour, TranscriptHoldsEveryBoxInOrder)
-{
-    ScratchDir scratch;
-    Result run = runCorvane({"load", "cooling_curve.txt", "--set", "cooling_curve.twc",
-                             "--transcript", (scratch / "t.jsonl").string()},
-                            examplesDir);
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(readFile(scratch / "t.jsonl"),
-              scanStart + progressEnd + transferStart + progressEnd + releaseStart + progressEnd);
-}
-
 TEST(Behaviour, AnswersToTheLoadersQuestions)
 {
     ScratchDir scratch;
     writeFile(scratch / "short.txt", shortLines);
-    auto load = [&](std::vector<std::string> options) {
-        std::vector<std::string> args{"load", "short.txt", "--instructions", shortLinesSet,
-                                      "--transcript", "t.jsonl", "-o", "out.json"};
-        args.insert(args.end(), options.begin(), options.end());
-        return runCorvane(args, scratch.path());
+    auto loadShort = [&](std::vector<std::string> options) {
+        options.insert(options.begin(), {"short.txt", "--instructions", shortLinesSet,
+                                         "--transcript", "t.jsonl", "-o", "out.json"});
+        return load(options, scratch.path());
     };
-    const std::string mismatch3 = "Expected to find 3 data values on line 3, but 2 data values "
-                                  "were found.\nIt is recommended to specify a value for blanked "
-                                  "cells and restart.\nContinue processing?";
-    const std::string mismatch4 = "Expected to find 3 data values on line 4, but 2 data values "
-                                  "were found.\nIt is recommended to specify a value for blanked "
-                                  "cells and restart.\nContinue processing?";
-
     // No answer given and no terminal: No, and a hint on how to say Yes.
-    Result none = load({});
+    Result none = loadShort({});
     EXPECT_EQ(none.status, 1);
-    EXPECT_EQ(none.err, mismatch3 + " -> no\ncorvane: answered No to the question above; --yes or "
+    EXPECT_EQ(none.err, mismatch(3) + " -> no\ncorvane: answered No to the question above; --yes or "
                                     "--answers would answer Yes\nError reading input file\n");
-    EXPECT_EQ(readFile(scratch / "t.jsonl"), scanStart + question(3) + "\"no\"}\n" + progressEnd +
+    EXPECT_EQ(readFile(scratch / "t.jsonl"), scanStart + question(3, "no") + progressEnd +
                                                   readError + releaseStart + progressEnd);
     EXPECT_EQ(scratch.entries(), (std::vector<std::string>{"short.txt", "t.jsonl"}));
 
-    Result no = load({"--no"});
+    Result no = loadShort({"--no"});
     EXPECT_EQ(no.status, 1);
-    EXPECT_EQ(no.err, mismatch3 + " -> no\nError reading input file\n");
+    EXPECT_EQ(no.err, mismatch(3) + " -> no\nError reading input file\n");
 
-    Result some = load({"--answers", "y,n", "--yes"});
+    Result some = loadShort({"--answers", "y,n", "--yes"});
     EXPECT_EQ(some.status, 1);
-    EXPECT_EQ(some.err, mismatch3 + " -> yes\n" + mismatch4 + " -> no\nError reading input file\n");
-    EXPECT_EQ(readFile(scratch / "t.jsonl"), scanStart + question(3) + "\"yes\"}\n" + question(4) +
-                                                  "\"no\"}\n" + progressEnd + readError +
-                                                  releaseStart + progressEnd);
+    EXPECT_EQ(some.err, mismatch(3) + " -> yes\n" + mismatch(4) + " -> no\nError reading input file\n");
+    EXPECT_EQ(readFile(scratch / "t.jsonl"), scanStart + question(3, "yes") + question(4, "no") +
+                                                  progressEnd + readError + releaseStart +
+                                                  progressEnd);
     EXPECT_FALSE(fs::exists(scratch / "out.json"));
 
     // Yes to the first by the list, then the policy: the missing values are 0.
-    Result yes = load({"--answers", "yes", "--yes", "-q"});
+    Result yes = loadShort({"--answers", "yes", "--yes", "-q"});
     EXPECT_EQ(yes.status, 0);
-    EXPECT_EQ(yes.err, mismatch3 + " -> yes\n" + mismatch4 + " -> yes\n");
+    EXPECT_EQ(yes.err, mismatch(3) + " -> yes\n" + mismatch(4) + " -> yes\n");
     EXPECT_EQ(yes.out, "\"New Dataset\": 3 variables, 1 zone, 4 points\n");
     std::string out = readFile(scratch / "out.json");
     EXPECT_NE(out.find("        [1, 4, 6, 8],\n        [2, 5, 7, 9],\n        [3, 0, 0, 10]\n"),
@@ -96,32 +94,34 @@ TEST(Behaviour, AnswersToTheLoadersQuestions)
         << out;
 }
 
-TEST(Behaviour, CancelStopsTheLoadSilently)
+TEST(Behaviour, TranscriptsOfCancelledAndFinishedLoads)
 {
     ScratchDir scratch;
     std::string data = (realDataDir / "noaa_co2_mm_mlo_2018.txt").string();
-    for (const char *percent : {"0", "50"}) {
-        SCOPED_TRACE(percent);
-        Result run = runCorvane({"load", data, "--set", "realdata/co2_mlo.twc", "--cancel-at",
-                                 percent, "--transcript", (scratch / "t.jsonl").string(), "-o",
-                                 (scratch / "out.csv").string()},
-                                examplesDir);
-        EXPECT_EQ(run.status, 1);
-        EXPECT_EQ(run.err, "");
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(readFile(scratch / "t.jsonl"), scanStart + progressEnd + releaseStart + progressEnd);
-        EXPECT_FALSE(fs::exists(scratch / "out.csv"));
-    }
     // The scan never reaches 100 percent (line ends are not counted), so
     // Cancel at 100 lands in the transfer, after the last value: the loader
     // counts a transfer stopped there as a finished load.
-    Result late = runCorvane({"load", data, "--set", "realdata/co2_mlo.twc", "--cancel-at", "100",
-                              "--transcript", (scratch / "t.jsonl").string()},
-                             examplesDir);
-    EXPECT_EQ(late.status, 0);
-    EXPECT_EQ(late.err, "");
-    EXPECT_EQ(readFile(scratch / "t.jsonl"),
-              scanStart + progressEnd + transferStart + progressEnd + releaseStart + progressEnd);
+    const std::string scanned = scanStart + progressEnd;
+    const std::string released = releaseStart + progressEnd;
+    const struct {
+        const char *percent;
+        int status;
+        std::string transcript;
+    } cases[] = {{"0", 1, scanned + released},
+                 {"50", 1, scanned + released},
+                 {"100", 0, scanned + transferStart + progressEnd + released}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.percent);
+        fs::remove(scratch / "out.csv");
+        Result run = load({data, "--set", "realdata/co2_mlo.twc", "--cancel-at", c.percent,
+                           "--transcript", (scratch / "t.jsonl").string(), "-o",
+                           (scratch / "out.csv").string()},
+                          examplesDir);
+        EXPECT_EQ(run.status, c.status);
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(readFile(scratch / "t.jsonl"), c.transcript);
+        EXPECT_EQ(fs::exists(scratch / "out.csv"), c.status == 0);
+    }
 }
 
 TEST(Behaviour, BadInputEndsWithTheLoadersMessage)
@@ -171,10 +171,9 @@ TEST(Behaviour, BadInputEndsWithTheLoadersMessage)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.args[0] + " " + c.args[2]);
-        std::vector<std::string> args{"load"};
-        args.insert(args.end(), c.args.begin(), c.args.end());
+        std::vector<std::string> args = c.args;
         args.insert(args.end(), {"-o", "out.json", "--save-layout", "layout.json"});
-        Result run = runCorvane(args, scratch.path());
+        Result run = load(args, scratch.path());
         EXPECT_FALSE(run.crashed);
         EXPECT_EQ(run.status, 1);
         EXPECT_EQ(run.err, c.err);
@@ -191,9 +190,9 @@ TEST(Behaviour, BadInputEndsWithTheLoadersMessage)
 TEST(Behaviour, AddOnAndLayoutProblems)
 {
     ScratchDir scratch;
-    Result noAddOn = runCorvane({"load", "cooling_curve.txt", "--set", "cooling_curve.twc",
-                                 "--addon", (scratch / "libnone.so").string()},
-                                examplesDir);
+    Result noAddOn = load({"cooling_curve.txt", "--set", "cooling_curve.twc", "--addon",
+                           (scratch / "libnone.so").string()},
+                          examplesDir);
     EXPECT_EQ(noAddOn.status, 1);
     std::string path = (scratch / "libnone.so").string();
     EXPECT_EQ(noAddOn.err, "corvane: cannot load add-on " + path + ": " + path +
@@ -203,11 +202,6 @@ TEST(Behaviour, AddOnAndLayoutProblems)
     EXPECT_EQ(notLayout.status, 2);
     EXPECT_EQ(notLayout.err, "cooling_curve.twc: not a corvane layout (not JSON)\n"
                              "Run with --help for more information.\n");
-
-    Result missing = runCorvane({"replay", "nothing.json"}, examplesDir);
-    EXPECT_EQ(missing.status, 2);
-    EXPECT_EQ(missing.err, "cannot read layout nothing.json: No such file or directory\n"
-                           "Run with --help for more information.\n");
 
     writeFile(scratch / "other.json",
               R"({"corvaneLayout": 1, "loads": [{"loader": "Other Loader", "strings": ["a", "b"]}]})");
@@ -227,9 +221,9 @@ TEST(Behaviour, AddOnAndLayoutProblems)
                          "correctly\n");
     EXPECT_FALSE(fs::exists(scratch / "out.json"));
 
-    Result badTranscript = runCorvane({"load", "cooling_curve.txt", "--set", "cooling_curve.twc",
-                                       "--transcript", (scratch / "no" / "t.jsonl").string()},
-                                      examplesDir);
+    Result badTranscript = load({"cooling_curve.txt", "--set", "cooling_curve.twc",
+                                 "--transcript", (scratch / "no" / "t.jsonl").string()},
+                                examplesDir);
     EXPECT_EQ(badTranscript.status, 2);
     EXPECT_EQ(badTranscript.err, "cannot write --transcript " + (scratch / "no" / "t.jsonl").string() +
                                      ": No such file or directory\nRun with --help for more information.\n");

@@ -85,7 +85,7 @@ TEST(ConsoleUiTest, MessagesGoToStandardErrorAsWritten)
                               }));
 }
 
-TEST(ConsoleUiTest, QuestionsTakeQueuedAnswersThenThePolicy)
+TEST(ConsoleUiTest, QuestionsTakeQueuedAnswersThenThePolicyElseNoWithAHint)
 {
     ConsoleOptions options;
     options.answers = {false, true};
@@ -97,18 +97,13 @@ TEST(ConsoleUiTest, QuestionsTakeQueuedAnswersThenThePolicy)
     EXPECT_EQ(session.err(), "Overwrite a.twc? -> no\nDelete b.twc? -> yes\nContinue? -> yes\n");
     EXPECT_EQ(session.events.back(),
               R"({"event":"message","type":"yesno","text":"Continue?","answer":"yes"})");
-}
 
-TEST(ConsoleUiTest, WithoutAnswersOrTerminalQuestionsAreAnsweredNoWithAHint)
-{
     // The input holds "y", but it is not a terminal: nobody is asked.
-    ConsoleSession session({}, "y\n");
-    EXPECT_FALSE(session.ui().message(MessageBox_YesNo, "Overwrite a.twc?"));
-    EXPECT_EQ(session.err(), "Overwrite a.twc? -> no\n"
-                             "corvane: answered No to the question above; --yes or --answers "
-                             "would answer Yes\n");
-    EXPECT_EQ(session.events, std::vector<std::string>{
-                                  R"({"event":"message","type":"yesno","text":"Overwrite a.twc?","answer":"no"})"});
+    ConsoleSession plain({}, "y\n");
+    EXPECT_FALSE(plain.ui().message(MessageBox_YesNo, "Overwrite a.twc?"));
+    EXPECT_EQ(plain.err(), "Overwrite a.twc? -> no\n"
+                           "corvane: answered No to the question above; --yes or --answers "
+                           "would answer Yes\n");
 }
 
 TEST(ConsoleUiTest, CancelAtPercentOnlyInBoxesWithCancelAndNoBarOffTerminal)
