@@ -95,31 +95,24 @@ static unsigned ClassBitsOfLine(const char *Line, size_t Length)
     return Bits;
 }
 
-static bool BitsAreBlank(unsigned Bits)
-{
-    return (Bits & (CharClass_Digit | CharClass_Letter)) == 0;
-}
-
 static bool BitsAreNumeric(unsigned Bits)
 {
     return (Bits & CharClass_Digit) != 0 && (Bits & CharClass_OtherLetter) == 0;
 }
 
+/* Stops at the first letter or digit: on a data line that is a few
+   characters in. */
 bool TW_IsBlankLine(const char *Line)
 {
-    return BitsAreBlank(ClassBitsOfLine(Line, strlen(Line)));
+    for (const unsigned char *P = (const unsigned char *)Line; *P; P++)
+        if (CharTable.Class[*P] != 0)
+            return false;
+    return true;
 }
 
 bool TW_IsNumericLine(const char *Line)
 {
     return BitsAreNumeric(ClassBitsOfLine(Line, strlen(Line)));
-}
-
-void TW_ClassifyLine(const char *Line, size_t Length, bool *IsBlank, bool *IsNumeric)
-{
-    unsigned Bits = ClassBitsOfLine(Line, Length);
-    *IsBlank = BitsAreBlank(Bits);
-    *IsNumeric = BitsAreNumeric(Bits);
 }
 
 /* The comment test comes before the copy of a character, the line-skip test
@@ -180,27 +173,60 @@ static void ScanCells(char *Line, char Delimiter, double BlankValue, TW_DoubleAr
     }
 }
 
+/* Asks whether to go on with a line that holds a malformed value; true
+   for Yes. */
+static bool ContinueMalformedLine(int32_t LineNumber)
+{
+    char Question[sizeof(MalformedQuestion) + 16];
+    snprintf(Question, sizeof(Question), MalformedQuestion, (int)LineNumber);
+    return CvnUtilDialogMessageBox(Question, MessageBox_YesNo);
+}
+
 /* Token mode: numbers among the tokens; one question per line for the first
-   token that is not a number, unless such tokens are to be ignored. */
+   token that is not a number, unless such tokens are to be ignored.
+   Delimited kinds read each token where it stands in the line (the same
+   tokens TW_strtok would cut, read by the same number scanner), so every
+   character is looked at once; fixed-width fields come from TW_strtok. */
 static void ScanTokens(char *Line, int32_t LineNumber, const TW_ConfigInstructions_s *Instr,
                        TW_DoubleArray_s *Values)
 {
     bool Asked = false;
+    const bool *Delim = TW_DelimiterTable(Instr->DataDelimiter);
+    if (Delim != NULL) {
+        const unsigned char *P = (const unsigned char *)Line;
+        for (;;) {
+            while (*P != '\0' && Delim[*P])
+                P++;
+            if (*P == '\0')
+                return;
+            double Value;
+            const char *Cursor = (const char *)P;
+            bool IsNumber = TW_ScanTokenForDouble(&Cursor, Delim, &Value);
+            P = (const unsigned char *)Cursor;
+            if (IsNumber) {
+                TW_DoubleArrayAdd(Values, Value);
+            } else if (!Instr->IgnoreNonNumericTokens && !Asked) {
+                if (!ContinueMalformedLine(LineNumber))
+                    return;
+                Asked = true;
+            }
+            while (*P != '\0' && !Delim[*P])
+                P++;
+        }
+    }
+    if (Instr->DataDelimiter != Delimiter_Fixed)
+        return;
     for (char *Token = TW_strtok(Line, Instr->DataDelimiter, Instr->DataWidth, false);
          Token != NULL; Token = TW_strtok(NULL, Instr->DataDelimiter, Instr->DataWidth, false)) {
         const char *Cursor = Token;
         double Value;
         if (Str_ScanForDouble(&Cursor, &Value)) {
             TW_DoubleArrayAdd(Values, Value);
-            continue;
+        } else if (!Instr->IgnoreNonNumericTokens && !Asked) {
+            if (!ContinueMalformedLine(LineNumber))
+                break;
+            Asked = true;
         }
-        if (Instr->IgnoreNonNumericTokens || Asked)
-            continue;
-        char Question[sizeof(MalformedQuestion) + 16];
-        snprintf(Question, sizeof(Question), MalformedQuestion, (int)LineNumber);
-        if (!CvnUtilDialogMessageBox(Question, MessageBox_YesNo))
-            break;
-        Asked = true;
     }
 }
 

@@ -19,11 +19,9 @@ bool TW_IsBlankLine(const char *Line);
 void TW_PreprocessLine(char *Line, const TW_GlobalFilters_s *Filters);
 /* True when the line holds a digit and no letter other than e/E. */
 bool TW_IsNumericLine(const char *Line);
-/* Both classifications of the Length characters of Line in one pass (as
-   TW_IsBlankLine and TW_IsNumericLine). */
-void TW_ClassifyLine(const char *Line, size_t Length, bool *IsBlank, bool *IsNumeric);
 /* Cuts Line into values (GlobalLineBuffer); *Values stays valid until the
-   next call. LineNumber (1-based) is used in the question text. */
+   next call. LineNumber (1-based) is used in the question text. Only
+   blank-cell mode writes into the line (and it always gives a value). */
 void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
                                const TW_ConfigInstructions_s *Instr, const double **Values,
                                int32_t *Count);

@@ -20,10 +20,6 @@ namespace corvane::cvnutildataio {
 /* Copy of the title line for the tokeniser, which writes into its input. */
 static char TitleBuffer[TW_MAX_LINE_LENGTH + 1];
 
-/* First characters of a data line, saved before tokenising, in case the line
-   holds no value and is kept as a text line. */
-static char SavedText[sizeof(((TW_TextLine_s *)0)->Text)];
-
 /* Title given for a title line inside the variable lines. */
 #define TW_TITLE_IN_VAR_RANGE "New data set"
 
@@ -341,15 +337,9 @@ static void StorePointValues(TW_ScanState_s *State, const double *Values, int32_
 }
 
 /* A line of the data section: cut into values and placed, or kept as text. */
-static void TakeDataLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber)
+static void TakeDataLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
 {
     const TW_ConfigInstructions_s *Instr = State->Instr;
-    /* Tokenising writes into the line; a line without values is kept as
-       text from this copy. */
-    if (Length > sizeof(SavedText) - 1)
-        Length = sizeof(SavedText) - 1;
-    memcpy(SavedText, Line, Length);
-    SavedText[Length] = '\0';
 
     const double *Values = NULL;
     int32_t Count = 0;
@@ -375,7 +365,9 @@ static void TakeDataLine(TW_ScanState_s *State, char *Line, size_t Length, int32
                 return;
             }
         }
-        KeepTextLine(State, LineNumber, SavedText);
+        /* Only blank-cell mode writes into the line, and it always gives a
+           value: a line without values is still as it was read. */
+        KeepTextLine(State, LineNumber, Line);
         return;
     }
 
@@ -387,11 +379,15 @@ static void TakeDataLine(TW_ScanState_s *State, char *Line, size_t Length, int32
         StorePointValues(State, Values, Count);
 }
 
-/* Data steps of a line that passed the filters, title and variable steps. */
-static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, size_t Length,
-                                int32_t LineNumber, bool IsNumeric)
+/* Data steps of a line that passed the filters, title and variable steps.
+   Whether the line is numeric matters only to a start or end marker that
+   looks for numeric lines; it is worked out only then. */
+static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
 {
     const TW_ConfigInstructions_s *Instr = State->Instr;
+    bool NeedsNumeric = Instr->EndId.Marker == FileMarker_FirstNonNumericLine ||
+                        (!State->DataStarted && Instr->StartId.Marker == FileMarker_FirstNumericLine);
+    bool IsNumeric = NeedsNumeric && !State->DataEnded && TW_IsNumericLine(Line);
     if (State->DataEnded ||
         (!State->DataStarted && !FindDataStart(State, Line, LineNumber, IsNumeric))) {
         KeepTextLine(State, LineNumber, Line);
@@ -408,19 +404,15 @@ static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, size_t Length
         KeepTextLine(State, LineNumber, Line);
         return;
     }
-    TakeDataLine(State, Line, Length, LineNumber);
+    TakeDataLine(State, Line, LineNumber);
 }
 
-void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber)
+void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
 {
     TW_ConfigInstructions_s *Instr = State->Instr;
-    if (State->FiltersOn) {
+    if (State->FiltersOn)
         TW_PreprocessLine(Line, &Instr->GlobalFilters);
-        Length = strlen(Line);
-    }
-    bool IsBlank, IsNumeric;
-    TW_ClassifyLine(Line, Length, &IsBlank, &IsNumeric);
-    if (IsBlank)
+    if (TW_IsBlankLine(Line))
         return;
     if (Instr->GlobalFilters.UseRows && TW_NumIsInRange(LineNumber, &Instr->GlobalFilters.Rows)) {
         KeepTextLine(State, LineNumber, Line);
@@ -438,7 +430,7 @@ void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, size_t Length, int32_
     }
 
     if (State->ReadData)
-        TakeDataSectionLine(State, Line, Length, LineNumber, IsNumeric);
+        TakeDataSectionLine(State, Line, LineNumber);
 }
 
 } // namespace corvane::cvnutildataio

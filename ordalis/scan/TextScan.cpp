@@ -199,7 +199,7 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
             *Cancelled = true;
             break;
         }
-        TW_ScanProcessLine(State, LineBuffer, Length, LineNumber);
+        TW_ScanProcessLine(State, LineBuffer, LineNumber);
     }
     return LineNumber;
 }

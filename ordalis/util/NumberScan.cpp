@@ -43,7 +43,7 @@ constexpr double Pow10Double[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-constexpr int MaxMantissaDigits = 19;             /* always fits in 64 bits */
+constexpr long MaxMantissaDigits = 19;            /* always fits in 64 bits */
 constexpr uint64_t MaxExactMantissa = 1ULL << 53; /* doubles hold it exactly */
 constexpr int MaxExponentValue = 308;
 
@@ -52,21 +52,31 @@ inline bool IsDigit(unsigned char C)
     return static_cast<unsigned char>(C - '0') < 10;
 }
 
+/* Appends the digits at P to *Mantissa (wrapping past 19 digits, which the
+   caller checks) and returns the first non-digit. */
+inline const unsigned char *AccumulateDigits(const unsigned char *P, uint64_t *Mantissa)
+{
+    uint64_t M = *Mantissa;
+    for (; IsDigit(*P); P++)
+        M = M * 10 + (*P - '0');
+    *Mantissa = M;
+    return P;
+}
+
 } // namespace
 
-/* True when a whole number token starts at *Cursor (after spaces and tabs):
-   [sign] digits [. digits] [(E|e|D|d) [sign] digits], followed by the end of
-   the string or white space. Exponents of two or more digits above 308 are
-   refused whatever their sign. *Value is what strtod reads from the token:
-   a D exponent is not part of it and a lone sign or point reads as 0.
-   On success the cursor ends after the token; on failure it is left at the
-   token's start (past the skipped blanks) and *Value is untouched. */
-bool Str_ScanForDouble(const char **Cursor, double *Value)
+namespace {
+
+/* The number syntax and conversion behind both scanners. The token runs
+   from P to the first character IsEnd accepts; spaces and tabs at its start
+   are skipped. On success *Stop is the end of the number, on failure the
+   token's start past the blanks. */
+template <typename EndTest>
+bool ScanNumber(const unsigned char *P, EndTest IsEnd, double *Value, const unsigned char **Stop)
 {
-    const unsigned char *P = reinterpret_cast<const unsigned char *>(*Cursor);
-    while (*P == ' ' || *P == '\t')
+    while ((*P == ' ' || *P == '\t') && !IsEnd(*P))
         P++;
-    *Cursor = reinterpret_cast<const char *>(P);
+    *Stop = P;
     const unsigned char *Start = P;
 
     bool Negative = false;
@@ -75,41 +85,21 @@ bool Str_ScanForDouble(const char **Cursor, double *Value)
         P++;
     }
 
-    /* The digits as Mantissa * 10^Dropped: the first 19 significant digits
-       are kept (they always fit in 64 bits); integer digits beyond them
-       raise the power, a non-zero digit beyond them makes the value inexact.
-       Integer and fraction digits have loops of their own: this runs for
-       every value of a data file. */
+    /* All digits go into Mantissa; with 19 digits or fewer it is exact (a
+       longer one may wrap, and such values go to strtod below). Integer and
+       fraction digits have loops of their own: this runs for every value of
+       a data file. */
     uint64_t Mantissa = 0;
-    int SignificantDigits = 0;
-    int Dropped = 0;
-    bool Inexact = false;
     const unsigned char *Digits = P;
-    for (; IsDigit(*P); P++) {
-        unsigned Digit = *P - '0';
-        if (SignificantDigits < MaxMantissaDigits) {
-            Mantissa = Mantissa * 10 + Digit;
-            SignificantDigits += Mantissa != 0;
-        } else {
-            Dropped++;
-            Inexact |= Digit != 0;
-        }
-    }
-    bool AnyDigit = P != Digits;
+    P = AccumulateDigits(P, &Mantissa);
+    long DigitCount = P - Digits;
+    long FractionDigits = 0;
     if (*P == '.') {
         P++;
         Digits = P;
-        for (; IsDigit(*P); P++) {
-            unsigned Digit = *P - '0';
-            if (SignificantDigits < MaxMantissaDigits) {
-                Mantissa = Mantissa * 10 + Digit;
-                SignificantDigits += Mantissa != 0;
-                Dropped--;
-            } else {
-                Inexact |= Digit != 0;
-            }
-        }
-        AnyDigit |= P != Digits;
+        P = AccumulateDigits(P, &Mantissa);
+        FractionDigits = P - Digits;
+        DigitCount += FractionDigits;
     }
     if (P == Start)
         return false;
@@ -138,16 +128,18 @@ bool Str_ScanForDouble(const char **Cursor, double *Value)
         if (ExponentNegative)
             Exponent = -Exponent;
     }
-    if (*P != '\0' && !Space.Is[*P])
+    if (!IsEnd(*P) && !Space.Is[*P])
         return false;
 
-    if (!AnyDigit) {
+    if (DigitCount == 0) {
         *Value = 0.0;
-    } else if (Mantissa == 0 && !Inexact) {
+    } else if (DigitCount > MaxMantissaDigits) {
+        *Value = strtod(reinterpret_cast<const char *>(Start), nullptr);
+    } else if (Mantissa == 0) {
         *Value = Negative ? -0.0 : 0.0;
     } else {
-        int Power = Dropped + (ExponentRead ? Exponent : 0);
-        if (!Inexact && Mantissa <= MaxExactMantissa && Power >= -22 && Power <= 22) {
+        long Power = (ExponentRead ? Exponent : 0) - FractionDigits;
+        if (Mantissa <= MaxExactMantissa && Power >= -22 && Power <= 22) {
             double Magnitude = static_cast<double>(Mantissa);
             Magnitude = Power >= 0 ? Magnitude * Pow10Double[Power] : Magnitude / Pow10Double[-Power];
             *Value = Negative ? -Magnitude : Magnitude;
@@ -155,8 +147,42 @@ bool Str_ScanForDouble(const char **Cursor, double *Value)
             *Value = strtod(reinterpret_cast<const char *>(Start), nullptr);
         }
     }
-    *Cursor = reinterpret_cast<const char *>(P);
+    *Stop = P;
     return true;
+}
+
+
+} // namespace
+
+/* True when a whole number token starts at *Cursor (after spaces and tabs):
+   [sign] digits [. digits] [(E|e|D|d) [sign] digits], followed by the end of
+   the string or white space. Exponents of two or more digits above 308 are
+   refused whatever their sign. *Value is what strtod reads from the token:
+   a D exponent is not part of it and a lone sign or point reads as 0.
+   On success the cursor ends after the token; on failure it is left at the
+   token's start (past the skipped blanks) and *Value is untouched. */
+bool Str_ScanForDouble(const char **Cursor, double *Value)
+{
+    const unsigned char *Stop;
+    bool Found = ScanNumber(
+        reinterpret_cast<const unsigned char *>(*Cursor), [](unsigned char C) { return C == 0; },
+        Value, &Stop);
+    *Cursor = reinterpret_cast<const char *>(Stop);
+    return Found;
+}
+
+/* Str_ScanForDouble of the token that starts at *Cursor and ends at the
+   first character Delim marks, or at the end of the string, without cutting
+   the line there. The cursor moves as Str_ScanForDouble moves it. The data
+   scan reads every value through this. */
+bool TW_ScanTokenForDouble(const char **Cursor, const bool *Delim, double *Value)
+{
+    const unsigned char *Stop;
+    bool Found = ScanNumber(
+        reinterpret_cast<const unsigned char *>(*Cursor),
+        [Delim](unsigned char C) { return C == 0 || Delim[C]; }, Value, &Stop);
+    *Cursor = reinterpret_cast<const char *>(Stop);
+    return Found;
 }
 
 /* True when an integer follows: spaces and tabs, an optional '-' (not '+'),

@@ -51,6 +51,13 @@ void TW_CropFileName(const char *Name, char **Result, int MaxLength);
 
 /* Number scanners; the cursor moves over what was consumed. */
 bool Str_ScanForDouble(const char **Cursor, double *Value);
+/* Str_ScanForDouble of the token from *Cursor to the first character Delim
+   (a TW_DelimiterTable) marks or the end of the string; the line is not
+   cut, the cursor moves as Str_ScanForDouble moves it. */
+bool TW_ScanTokenForDouble(const char **Cursor, const bool *Delim, double *Value);
+/* The 256 flags of the characters that TW_strtok cuts at for Kind (not
+   FIXED); NULL for a kind without delimiter characters. */
+const bool *TW_DelimiterTable(TW_Delimiter_e Kind);
 bool Str_ScanForLgIndex(const char **Cursor, LgIndex_t *Value);
 void Str_RemoveWhiteSpace(const char **Cursor);
 void Str_RemoveThroughEndOfLine(const char **Cursor);

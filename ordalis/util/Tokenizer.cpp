@@ -134,6 +134,14 @@ char *NextQuotedToken(const bool *Delim, const bool *Stop)
 
 } // namespace
 
+const bool *TW_DelimiterTable(TW_Delimiter_e Kind)
+{
+    int Index = static_cast<int>(Kind) - 1;
+    if (Kind == Delimiter_Fixed || Index < 0 || Index >= NumKinds)
+        return nullptr;
+    return Tables.Delim[Index];
+}
+
 /* Next token of Line, or of the saved line when Line is NULL (the saved kind
    and width then apply). NULL when no token is left, or for FIXED at the
    first blank field. Unquoted and quoted modes write NULs into the line;
