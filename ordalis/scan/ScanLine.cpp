@@ -264,20 +264,28 @@ static void StorePoint(TW_ScanState_s *State, int32_t LineNumber, const double *
     State->LastZone->IMax++;
 }
 
+/* Makes the zone that a full zone left pending, if any; values then go to
+   its first variable. False (the scan failed) when it cannot be made. */
+static bool StartPendingZone(TW_ScanState_s *State)
+{
+    if (!State->NewZonePending)
+        return true;
+    State->NewZonePending = false;
+    State->CurVar = 0;
+    if (TW_ScanAddZone(State))
+        return true;
+    FailScan(State);
+    return false;
+}
+
 /* Explicit sizes, block format: each variable of the zone takes NumPoints
    values in turn. */
 static void StoreBlockValues(TW_ScanState_s *State, int32_t LineNumber, const double *Values,
                              int32_t Count)
 {
     for (int32_t Index = 0; Index < Count; Index++) {
-        if (State->NewZonePending) {
-            State->NewZonePending = false;
-            State->CurVar = 0;
-            if (!TW_ScanAddZone(State)) {
-                FailScan(State);
-                return;
-            }
-        }
+        if (!StartPendingZone(State))
+            return;
         TW_ZoneInfo_s *Zone = State->LastZone;
         if (State->CurVar >= Zone->NumVars) {
             ShowDialogErrorMessage(NotEnoughVarsMessage);
@@ -311,14 +319,8 @@ static void StoreBlockValues(TW_ScanState_s *State, int32_t LineNumber, const do
    across lines. A full zone, with multiple zones, ends at this line. */
 static void StorePointValues(TW_ScanState_s *State, const double *Values, int32_t Count)
 {
-    if (State->NewZonePending) {
-        State->NewZonePending = false;
-        State->CurVar = 0;
-        if (!TW_ScanAddZone(State)) {
-            FailScan(State);
-            return;
-        }
-    }
+    if (!StartPendingZone(State))
+        return;
     TW_ZoneInfo_s *Zone = State->LastZone;
     if (Zone->NumVars < 1) {
         ShowDialogErrorMessage(NotEnoughVarsMessage);

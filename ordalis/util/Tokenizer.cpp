@@ -80,16 +80,25 @@ char *NextFixedField()
     return Start;
 }
 
-/* strtok semantics: runs of delimiters count as one, empty fields vanish. */
-char *NextPlainToken(const bool *Delim)
+/* Moves past the delimiters at the current position; the first character
+   of the next token, or NULL (the position at the end) when none is left. */
+unsigned char *SkipDelimiters(const bool *Delim)
 {
     unsigned char *P = reinterpret_cast<unsigned char *>(SavedLine + Position);
     while (*P && Delim[*P])
         P++;
-    if (*P == '\0') {
-        Position = static_cast<int32_t>(reinterpret_cast<char *>(P) - SavedLine);
+    if (*P != '\0')
+        return P;
+    Position = static_cast<int32_t>(reinterpret_cast<char *>(P) - SavedLine);
+    return nullptr;
+}
+
+/* strtok semantics: runs of delimiters count as one, empty fields vanish. */
+char *NextPlainToken(const bool *Delim)
+{
+    unsigned char *P = SkipDelimiters(Delim);
+    if (P == nullptr)
         return nullptr;
-    }
     unsigned char *Token = P;
     while (*P && !Delim[*P])
         P++;
@@ -105,13 +114,9 @@ char *NextPlainToken(const bool *Delim)
    quote (delimiters kept); others end at a delimiter, LF or CR. */
 char *NextQuotedToken(const bool *Delim, const bool *Stop)
 {
-    unsigned char *P = reinterpret_cast<unsigned char *>(SavedLine + Position);
-    while (*P && Delim[*P])
-        P++;
-    if (*P == '\0') {
-        Position = static_cast<int32_t>(reinterpret_cast<char *>(P) - SavedLine);
+    unsigned char *P = SkipDelimiters(Delim);
+    if (P == nullptr)
         return nullptr;
-    }
     unsigned char *Token;
     if (*P == '"') {
         Token = ++P;
