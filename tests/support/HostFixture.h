@@ -1,9 +1,6 @@
-/*
- * HostFixture.h - the gtest fixture for code that talks to the host: every
- * test gets a fresh ScriptedUi (no queued answers, questions answered No),
- * an unlocked host lock and no allocation failure pending. At the end the
- * fixture checks that every lock start was finished.
- */
+// The gtest fixture for code that talks to the host: a fresh ScriptedUi (questions
+// answered No), an unlocked lock, no allocation failure pending; at the end every
+// lock start must have been finished.
 #ifndef ORDALIS_TESTS_HOSTFIXTURE_H
 #define ORDALIS_TESTS_HOSTFIXTURE_H
 
@@ -41,8 +38,7 @@ protected:
     /* The backend answering every box of this test. */
     corvane::host::ScriptedUi &ui() { return *ui_; }
 
-    /* Host objects (strings, lists, sets, argument lists) made since the
-       test began and not yet released. */
+    /* Host strings, lists, sets and argument lists made in the test and not released. */
     long hostObjectsMade() const { return corvane::host::liveHostObjects() - liveAtStart_; }
 
 private:

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -20,9 +20,7 @@ namespace fs = std::filesystem;
 inline std::string readFile(const fs::path &path)
 {
     std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 inline void writeFile(const fs::path &path, const std::string &text)
@@ -30,14 +28,13 @@ inline void writeFile(const fs::path &path, const std::string &text)
     std::ofstream(path, std::ios::binary) << text;
 }
 
-/* Everything written to file so far (read from its start); closes it. */
+/* Everything written to file, which ends where the writing stopped; closes it. */
 inline std::string drain(std::FILE *file)
 {
     std::fflush(file);
+    std::string text(static_cast<size_t>(std::ftell(file)), '\0');
     std::rewind(file);
-    std::string text;
-    for (int c; (c = std::fgetc(file)) != EOF;)
-        text += static_cast<char>(c);
+    text.resize(std::fread(text.data(), 1, text.size(), file));
     std::fclose(file);
     return text;
 }
