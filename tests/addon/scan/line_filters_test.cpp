@@ -1,154 +1,103 @@
 /* Line filters, line classification and cutting lines into values. */
 #include <cstring>
-#include <string>
-#include <vector>
 
 #include "LineFilters.h"
 #include "ScanFixture.h"
 
-namespace {
-
-struct ClassRow {
-    const char *line;
-    bool blank;
-    bool numeric;
-};
+using V = std::vector<double>;
 
 TEST(LineClassify, BlankAndNumericFollowLettersAndDigits)
 {
-    const ClassRow rows[] = {
-        {"", true, false},        {"  - -- \t", true, false}, {"abc", false, false},
-        {"1,2;3", false, true},   {"-.5e+3", false, true},    {"E", false, false},
-        {"1 2 x", false, false},  {"1E5 2e-3", false, true},  {"\xe9 7", false, true},
-        {"#!", true, false},
-        /* Lines longer than eight characters, letters before and after. */
-        {"        ", true, false},          {"--------5-------", false, true},
-        {"1.0e+05 2.0E-03 -7", false, true}, {"12345678 x", false, false},
-        {"abcdefgh12345678", false, false}, {"\xe9\xe9\xe9\xe9\xe9\xe9\xe9\xe9 1", false, true},
-        {"........:;<=>?/ ", true, false},  {"@@@@@@@@[[[[````{{{{", true, false},
-        {"0 1 2 3 4 5 6 7 8 9 Z", false, false}, {"eeeeeeee", false, false},
-        {"eEeEeEeE1", false, true},            {"E-3e+5eE?>=<;:9876", false, true},
-        {"fFfFfFfF1", false, false},           {"eeeeeeeeeeeeeeeex", false, false},
+    /* "bn": blank, numeric; lines past eight characters take the word-wise path */
+    const std::pair<const char *, const char *> rows[] = {
+        {"", "10"}, {"  - -- \t", "10"}, {"E", "00"}, {"1 2 x", "00"}, {"-.5e+3", "01"},
+        {"\xe9 7", "01"}, {"#!", "10"}, {"--------5-------", "01"}, {"12345678 x", "00"},
+        {"abcdefgh12345678", "00"}, {"\xe9\xe9\xe9\xe9\xe9\xe9\xe9\xe9 1", "01"},
+        {"........:;<=>?/ ", "10"}, {"@@@@@@@@[[[[````{{{{", "10"}, {"eeeeeeee", "00"},
+        {"0 1 2 3 4 5 6 7 8 9 Z", "00"}, {"eEeEeEeE1", "01"}, {"E-3e+5eE?>=<;:9876", "01"},
+        {"fFfFfFfF1", "00"}, {"eeeeeeeeeeeeeeeex", "00"},
     };
-    for (const ClassRow &row : rows) {
-        EXPECT_EQ(tw::TW_IsBlankLine(row.line), row.blank) << row.line;
-        EXPECT_EQ(tw::TW_IsNumericLine(row.line), row.numeric) << row.line;
-    }
+    for (const auto &[line, expected] : rows)
+        EXPECT_EQ(std::string() + "01"[tw::TW_IsBlankLine(line)] + "01"[tw::TW_IsNumericLine(line)],
+                  expected)
+            << line;
 }
 
-class FilterTest : public ScanTest {
+class LineTest : public ScanTest {
 protected:
+    inline static char buffer[64001];
     std::string filter(const char *line)
     {
-        static char buffer[64001];
-        strcpy(buffer, line);
-        tw::TW_PreprocessLine(buffer, &instr->GlobalFilters);
+        tw::TW_PreprocessLine(strcpy(buffer, line), &f());
         return buffer;
     }
-    void columns(std::vector<std::pair<int, int>> ranges)
+    V cut(const char *line, int number = 7)
     {
-        instr->GlobalFilters.UseColumns = true;
-        instr->GlobalFilters.Columns.NumRanges = (int32_t)ranges.size();
-        for (size_t i = 0; i < ranges.size(); i++)
-            instr->GlobalFilters.Columns.Ranges[i] = {ranges[i].first, ranges[i].second};
+        const double *values = nullptr;
+        int32_t count = -1;
+        tw::TW_ScanLineForNumericData(strcpy(buffer, line), number, instr, &values, &count);
+        return V(values, values + count);
+    }
+    void comment(const char *marker, int length)
+    {
+        f().UseComment = true;
+        strcpy(f().Comment, marker);
+        f().CommentLength = length;
     }
     tw::TW_GlobalFilters_s &f() { return instr->GlobalFilters; }
 };
+using CutTest = LineTest;
 
-TEST_F(FilterTest, CommentCutsBeforeTheMarkerAndIsTestedBeforeColumns)
+TEST_F(LineTest, CommentKeywordAndColumnFilters)
 {
-    f().UseComment = true;
-    strcpy(f().Comment, "#");
-    f().CommentLength = 1;
-    EXPECT_EQ(filter("1 2 # 3"), "1 2 ");
-    EXPECT_EQ(filter("no marker"), "no marker");
-
-    strcpy(f().Comment, "//");
-    f().CommentLength = 2;
-    columns({{1, 2}});
+    comment("//", 2); /* tested before the columns are dropped */
+    f().UseColumns = true;
+    f().Columns = {1, {{1, 2}}};
     EXPECT_EQ(filter("//1 2"), "");
-    EXPECT_EQ(filter("ab/x//y"), "/x");
-    strcpy(f().Comment, "rem");
-    f().CommentLength = 3;
+    comment("rem", 3);
     EXPECT_EQ(filter("xx 1 REM 2"), " 1 ");
-
-    /* A marker length of 0 or above 256 switches the comment test off. */
     f().UseColumns = false;
-    f().CommentLength = 0;
+    comment("rem", 0); /* a marker length of 0 or above 256 switches the test off */
     EXPECT_EQ(filter("1 rem 2"), "1 rem 2");
-    f().CommentLength = 257;
-    EXPECT_EQ(filter("1 rem 2"), "1 rem 2");
-}
 
-TEST_F(FilterTest, ColumnsCountTheRawInputAndLineSkipSeesDroppedColumns)
-{
-    columns({{2, 3}, {6, 0}});
+    /* Columns count the raw input; the line skip sees dropped columns. */
+    f().UseComment = false;
+    f().Columns = {2, {{2, 3}, {6, 0}}};
+    f().UseColumns = true;
     EXPECT_EQ(filter("abcdefgh"), "ade");
-
     f().UseKeyword = true;
     strcpy(f().Keyword, "zone");
     f().KeywordLength = 4;
     EXPECT_EQ(filter("1 2 Zone 3"), "");
-    EXPECT_EQ(filter("ZONE"), "");
-    columns({{1, 4}});
+    f().Columns = {1, {{1, 4}}};
     EXPECT_EQ(filter("zone 1 2"), "");
     EXPECT_EQ(filter("zon 1 2"), "1 2");
-    f().KeywordLength = 0;
-    EXPECT_EQ(filter("zone 1 2"), " 1 2");
 }
 
-class CutTest : public ScanTest {
-protected:
-    std::vector<double> cut(const char *line, int number = 7)
-    {
-        static char buffer[64001];
-        strcpy(buffer, line);
-        const double *values = nullptr;
-        int32_t count = -1;
-        tw::TW_ScanLineForNumericData(buffer, number, instr, &values, &count);
-        return std::vector<double>(values, values + count);
-    }
-};
-
-TEST_F(CutTest, BlankCellModeKeepsEmptyCellsButNoTrailingOne)
+TEST_F(CutTest, BlankCellsAndTheMalformedTokenQuestion)
 {
-    instr->GlobalFilters.UseBlankCellValue = true;
-    instr->GlobalFilters.BlankCellValue = -999;
-    instr->IgnoreNonNumericTokens = false;
-    instr->DataDelimiter = tw::Delimiter_Comma;
-    EXPECT_EQ(cut(",2,,4,"), (std::vector<double>{-999, 2, -999, 4}));
-    EXPECT_EQ(cut(""), (std::vector<double>{-999}));
-    EXPECT_EQ(cut(","), (std::vector<double>{-999}));
-    EXPECT_EQ(cut(" 1.5 , x ,3e2"), (std::vector<double>{1.5, -999, 300}));
+    /* Blank-cell mode keeps empty cells but no trailing one. */
+    set("DATA { IGNORENONNUMERICTOKENS = FALSE IMPORT { DELIMITER = COMMA } } "
+        "GLOBALFILTERS { BLANKCELLVALUE = -999 }");
+    EXPECT_EQ(cut(",2,,4,"), (V{-999, 2, -999, 4}));
+    EXPECT_EQ(cut(""), (V{-999}));
     instr->DataDelimiter = tw::Delimiter_Semicolon;
-    EXPECT_EQ(cut("1;;3,5"), (std::vector<double>{1, -999, -999}));
-    EXPECT_TRUE(ui().messages().empty());
-
-    /* Other delimiters cut tokens even with a blank value in use. */
+    EXPECT_EQ(cut("1;;3,5"), (V{1, -999, -999}));
+    /* Other kinds cut tokens all the same, asking once per line about malformed ones. */
     instr->DataDelimiter = tw::Delimiter_Auto;
-    instr->IgnoreNonNumericTokens = true;
-    EXPECT_EQ(cut("1,,2"), (std::vector<double>{1, 2}));
-}
-
-TEST_F(CutTest, TokenModeAsksOncePerLineAboutMalformedTokens)
-{
-    const std::string question =
-        "Possible malformed numeric data values were found on line 12\nPlease check this line "
-        "of the file to be sure that numeric data is of the correct form.\nDo you want to "
-        "continue processing this line?";
-    instr->IgnoreNonNumericTokens = false;
     ui().queueAnswer(true);
-    EXPECT_EQ(cut("1 x 3 y", 12), (std::vector<double>{1, 3}));
+    EXPECT_EQ(cut("1 x 3 y", 12), (V{1, 3}));
     ui().queueAnswer(false);
-    EXPECT_EQ(cut("1 x 3 y", 12), (std::vector<double>{1}));
-    EXPECT_EQ(ui().messages(), (Texts{question, question}));
-
+    EXPECT_EQ(cut("1 x 3 y", 12), (V{1}));
     instr->IgnoreNonNumericTokens = true;
-    EXPECT_EQ(cut("1 x 3 12abc 1,5"), (std::vector<double>{1, 3, 1, 5}));
+    EXPECT_EQ(cut("1,,2 x 3 12abc 1,5"), (V{1, 2, 3, 1, 5}));
     instr->DataDelimiter = tw::Delimiter_Fixed;
     instr->DataWidth = 4;
-    EXPECT_EQ(cut("  1 2.5 -3"), (std::vector<double>{1, 2.5, -3}));
-    EXPECT_EQ(ui().messages().size(), 2u);
+    EXPECT_EQ(cut("  1 2.5 -3"), (V{1, 2.5, -3}));
+    EXPECT_EQ(ui().messages(),
+              Texts(2, "Possible malformed numeric data values were found on line 12\nPlease "
+                       "check this line of the file to be sure that numeric data is of the "
+                       "correct form.\nDo you want to continue processing this line?"));
 }
 
 /* Values are read where they stand in the line: the result must be what
@@ -186,5 +135,3 @@ TEST_F(CutTest, ValuesInPlaceMatchTokensCutByTheTokeniser)
         }
     }
 }
-
-} // namespace
