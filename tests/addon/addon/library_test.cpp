@@ -1,108 +1,82 @@
-/*
- * library_test.cpp - the instruction-set library: where its directory is,
- * which files it reads, and the add, delete, find and clear operations.
- */
+/* library_test.cpp - the instruction-set library: where its folder is, which files it
+   reads, and the add, delete, find and clear operations. */
 #include "AddOnFixture.h"
 
 #include <algorithm>
 #include <vector>
 
-#include "Writer.h"
-
 using namespace corvane::cvnutildataio;
 namespace host = corvane::host;
-
-namespace {
-
 using Texts = std::vector<std::string>;
-
 using LibraryTest = AddOnTest;
 
-std::string instructionFile(const std::string &title)
+static std::string instructionFile(const std::string &title)
 {
     return "#!CORVANE_TABWISE\nTITLE{ NAME = \"" + title + "\" }\n";
 }
 
-/* Display names of the filled entries 1.., sorted (listing order is the
-   directory's). */
-std::vector<std::string> entryNames()
+/* "name=title" of the filled entries 1.., sorted (listing order is the folder's). */
+static Texts entries()
 {
-    std::vector<std::string> names;
+    Texts names;
     for (int i = 1; i < TW_MAX_CONFIGS && GlobalConfigInfoArray[i]; i++)
-        names.push_back(GlobalConfigInfoArray[i]->DisplayName);
+        names.push_back(std::string(GlobalConfigInfoArray[i]->DisplayName) + "=" +
+                        GlobalConfigInfoArray[i]->TitleName);
     std::sort(names.begin(), names.end());
     return names;
 }
 
-TW_ConfigInstructions_s *entryNamed(const std::string &name)
-{
-    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
-        if (entry && name == entry->DisplayName)
-            return entry;
-    return nullptr;
-}
-
-TEST_F(LibraryTest, DirectoryComesFromTheEnvironmentOrTheHostHome)
+/* The library folder, then the entries read from it. */
+static Texts fill()
 {
     char *dir = nullptr;
-    ASSERT_TRUE(GetBaseInstructionSetDir(&dir));
-    EXPECT_EQ(std::string(dir), path("library"));
+    EXPECT_TRUE(GetBaseInstructionSetDir(&dir));
+    Texts result{dir ? dir : ""};
     CvnUtilStringDealloc(&dir);
-
-    /* ORDALIS_DIR alone is listed, even when empty. */
-    write("home/addonconfig/tabwise/h.twc", instructionFile("Home"));
-    fs::create_directories(path("library"));
-    FillInstructionSetArray();
-    EXPECT_TRUE(entryNames().empty());
-
-    ::unsetenv("ORDALIS_DIR");
-    ASSERT_TRUE(GetBaseInstructionSetDir(&dir));
-    EXPECT_EQ(std::string(dir), path("home") + "/addonconfig/tabwise");
-    CvnUtilStringDealloc(&dir);
-    FillInstructionSetArray();
-    EXPECT_EQ(entryNames(), Texts{"h.twc"});
-
-    ::setenv("ORDALIS_DIR", path("nowhere").c_str(), 1);
     ClearInstructionSetArray(false);
     FillInstructionSetArray();
-    EXPECT_TRUE(entryNames().empty());
+    Texts names = entries();
+    result.insert(result.end(), names.begin(), names.end());
+    return result;
+}
+
+TEST_F(LibraryTest, FolderComesFromTheEnvironmentOrTheHostHome)
+{
+    write("home/addonconfig/tabwise/h.twc", instructionFile("Home"));
+    fs::create_directories(path("library"));
+    EXPECT_EQ(fill(), Texts{path("library")}); /* ORDALIS_DIR alone is listed, even empty */
+    ::unsetenv("ORDALIS_DIR");
+    EXPECT_EQ(fill(), (Texts{path("home") + "/addonconfig/tabwise", "h.twc=Home"}));
+    ::setenv("ORDALIS_DIR", path("nowhere").c_str(), 1);
+    EXPECT_EQ(fill(), Texts{path("nowhere")});
     EXPECT_TRUE(ui().transcript().empty());
     EXPECT_EQ(leftBehind(), 0);
 }
 
-TEST_F(LibraryTest, OnlyRegularInstructionFilesAreRead)
+TEST_F(LibraryTest, OnlyRegularInstructionFilesAreReadUnderABoxFromFiveOn)
 {
     write("library/a.twc", instructionFile("A"));
     write("library/b.txt", "\n   \n#!CORVANE_TABWISE\nTITLE{ NAME = \"B\" }\n");
     write("library/notes.twc", "TITLE{ NAME = \"Notes\" }\n#!CORVANE_TABWISE\n");
     fs::create_directories(path("library/sub.twc"));
     write("library/broken.twc", "#!CORVANE_TABWISE\nTITLE{ NAME = \"Half\" LINE = x }\n");
-    FillInstructionSetArray();
-
-    EXPECT_EQ(entryNames(), (Texts{"a.twc", "b.txt", "broken.twc"}));
-    ASSERT_NE(entryNamed("a.twc"), nullptr);
-    EXPECT_EQ(std::string(entryNamed("a.twc")->FilePath), path("library") + "/a.twc");
-    EXPECT_STREQ(entryNamed("a.twc")->TitleName, "A");
-    EXPECT_STREQ(entryNamed("b.txt")->TitleName, "B");
-    EXPECT_STREQ(entryNamed("broken.twc")->TitleName, "Half");
+    EXPECT_EQ(fill(), (Texts{path("library"), "a.twc=A", "b.txt=B", "broken.twc=Half"}));
     EXPECT_EQ(GlobalConfigInfoArray[0], nullptr) << "entry 0 is the dialog's";
-    /* One syntax error from the broken file and no progress box. */
-    ASSERT_EQ(ui().transcript().size(), 1u);
-    EXPECT_EQ(ui().errors().size(), 1u);
+    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
+        EXPECT_TRUE(!entry || entry->FilePath == path("library") + "/" + entry->DisplayName);
+    ASSERT_EQ(ui().transcript().size(), 1u); /* broken.twc's syntax error, no box */
 
     for (int n = 1; n <= 2; n++)
         write("library/more" + std::to_string(n) + ".twc", instructionFile("M"));
-    ClearInstructionSetArray(false);
     ui().clearTranscript();
-    FillInstructionSetArray();
-    EXPECT_EQ(entryNames().size(), 5u);
+    EXPECT_EQ(fill().size(), 6u);
     ASSERT_EQ(ui().transcript().size(), 3u); /* the progress bar and broken.twc's error */
     EXPECT_EQ(ui().transcript()[0].text, "Reading instruction files...");
     EXPECT_FALSE(ui().transcript()[0].cancel);
     EXPECT_EQ(ui().progressChecks(), (std::vector<int>{0, 0, 0, 0, 0}));
 }
 
-TEST_F(LibraryTest, EntriesStayPackedUpToSixtyFour)
+TEST_F(LibraryTest, EntriesStayPackedUpToSixtyFourAndNamesIgnoreCase)
 {
     for (int i = 0; i <= 5; i++) {
         TW_ConfigInstructions_s *set = ImportInstructionsAlloc();
@@ -110,13 +84,12 @@ TEST_F(LibraryTest, EntriesStayPackedUpToSixtyFour)
         ASSERT_TRUE(AddConfigToInstructionSetArray(set));
     }
     DeleteConfigFromInstructionSetArray(2);
-    const char *expected[] = {"/Lib/Set0.TWC", "/Lib/Set1.TWC", "/Lib/Set3.TWC", "/Lib/Set4.TWC",
-                              "/Lib/Set5.TWC"};
-    for (int i = 0; i < 5; i++)
-        EXPECT_STREQ(GlobalConfigInfoArray[i]->FilePath, expected[i]) << "entry " << i;
-    for (int i = 5; i < TW_MAX_CONFIGS; i++)
-        EXPECT_EQ(GlobalConfigInfoArray[i], nullptr) << "entry " << i;
-
+    Texts paths;
+    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
+        paths.push_back(entry ? entry->FilePath : "-");
+    paths.resize(6);
+    EXPECT_EQ(paths, (Texts{"/Lib/Set0.TWC", "/Lib/Set1.TWC", "/Lib/Set3.TWC", "/Lib/Set4.TWC",
+                            "/Lib/Set5.TWC", "-"}));
     EXPECT_TRUE(FileNameExistsInInstructionSetArray("/lib/set4.twc"));
     EXPECT_FALSE(FileNameExistsInInstructionSetArray("/lib/set2.twc"));
     DeleteConfigFromInstructionSetArray(0);
@@ -125,100 +98,43 @@ TEST_F(LibraryTest, EntriesStayPackedUpToSixtyFour)
     GlobalConfigInfoArray[2] = nullptr;
     EXPECT_TRUE(FileNameExistsInInstructionSetArray("/LIB/SET5.twc"));
 
-    ClearInstructionSetArray(false);
     for (int i = 0; i < 70; i++)
         write("library/s" + std::to_string(i) + ".twc", instructionFile("S"));
-    FillInstructionSetArray();
-    EXPECT_EQ(GlobalConfigInfoArray[0], nullptr);
-    for (int i = 1; i < TW_MAX_CONFIGS; i++)
-        ASSERT_NE(GlobalConfigInfoArray[i], nullptr) << "entry " << i;
+    EXPECT_EQ(fill().size(), size_t(TW_MAX_CONFIGS)); /* the folder and 63 entries */
     TW_ConfigInstructions_s *extra = ImportInstructionsAlloc();
     EXPECT_TRUE(AddConfigToInstructionSetArray(extra)) << "entry 0 was free";
     extra = ImportInstructionsAlloc();
-    ui().clearTranscript();
     EXPECT_FALSE(AddConfigToInstructionSetArray(extra));
-    EXPECT_EQ(ui().errors(), Texts{
-                                 "Cannot add a new configuration file. The maximum number of "
-                                 "configuration files is 64"});
+    EXPECT_EQ(ui().errors(), Texts{"Cannot add a new configuration file. The maximum number of "
+                                   "configuration files is 64"});
     ImportInstructionsDealloc(&extra);
-}
-
-TEST_F(LibraryTest, ClearingAsksToSaveModifiedSets)
-{
-    write("library/keep.twc", instructionFile("Keep"));
-    write("library/drop.twc", instructionFile("Drop"));
-    write("library/same.twc", instructionFile("Same"));
-    FillInstructionSetArray();
-    for (const char *name : {"keep.twc", "drop.twc"}) {
-        TW_ConfigInstructions_s *set = entryNamed(name);
-        snprintf(set->TitleName, sizeof(set->TitleName), "Edited");
-        set->IsModified = true;
-    }
-    /* Asked in index order, which is the listing order. */
-    std::vector<std::string> questions;
-    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
-        if (entry && entry->IsModified) {
-            questions.push_back(std::string("Save configuration file ") + entry->DisplayName + "?");
-            ui().queueAnswer(std::string(entry->DisplayName) == "keep.twc");
-        }
-    ui().clearTranscript();
-    ClearInstructionSetArray(true);
-    EXPECT_EQ(ui().messages(), questions);
-    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
-        EXPECT_EQ(entry, nullptr);
-
-    FillInstructionSetArray();
-    EXPECT_STREQ(entryNamed("keep.twc")->TitleName, "Edited");
-    EXPECT_STREQ(entryNamed("drop.twc")->TitleName, "Drop");
-    EXPECT_STREQ(entryNamed("same.twc")->TitleName, "Same");
 }
 
 TEST_F(LibraryTest, OutOfMemoryWhileFilling)
 {
     write("library/a.twc", instructionFile("A"));
-    host::failHostAllocationAt(1);
-    FillInstructionSetArray();
-    host::failHostAllocationAt(2);
-    FillInstructionSetArray();
-    EXPECT_EQ(ui().errors(), (Texts{
-                                 "Out of memory. Unable to allocate string list", "Out of memory"}));
-    EXPECT_TRUE(entryNames().empty());
-
-    ui().clearTranscript();
-    TW_AllocFailAt(1);
-    FillInstructionSetArray();
-    TW_AllocFailAt(0);
-    EXPECT_EQ(ui().errors(), (Texts{
-                                 "Out of memory. Unable to allocate import parameters structure",
-                                 "Out of memory."}));
-    EXPECT_TRUE(entryNames().empty());
-
-    /* Later host allocations: the name (the file is skipped), the set of
-       the new entry (filling stops), the file's text (the entry stays with
-       its defaults). */
-    const std::vector<std::string> expected[] = {
-        {},
-        {"Out of memory. Unable to allocate import parameters structure", "Out of memory."},
-        {"Out of memory"},
+    const std::string record = "Out of memory. Unable to allocate import parameters structure";
+    /* Host allocations: the list, its string, the name (the file is skipped),
+       the new entry's set (filling stops), the file's text (the entry stays
+       with its defaults); then the add-on's record. */
+    const std::tuple<bool, long, Texts, Texts> rows[] = {
+        {true, 1, {"Out of memory. Unable to allocate string list"}, {}},
+        {true, 2, {"Out of memory"}, {}},
+        {true, 3, {}, {}},
+        {true, 4, {record, "Out of memory."}, {}},
+        {true, 5, {"Out of memory"}, {"a.twc=New Dataset"}},
+        {false, 1, {record, "Out of memory."}, {}},
     };
-    const char *title[] = {nullptr, nullptr, "New Dataset"};
-    for (long n = 3; n <= 5; n++) {
+    for (const auto &[hostFails, n, errors, filled] : rows) {
         ui().clearTranscript();
-        host::failHostAllocationAt(n);
+        ClearInstructionSetArray(false);
+        (hostFails ? host::failHostAllocationAt : TW_AllocFailAt)(n);
         FillInstructionSetArray();
         host::failHostAllocationAt(0);
-        EXPECT_EQ(ui().errors(), expected[n - 3]) << "allocation " << n;
-        TW_ConfigInstructions_s *a = entryNamed("a.twc");
-        if (title[n - 3] == nullptr) {
-            EXPECT_EQ(a, nullptr) << "allocation " << n;
-        } else {
-            ASSERT_NE(a, nullptr);
-            EXPECT_STREQ(a->TitleName, title[n - 3]);
-            EXPECT_TRUE(a->IsNew);
-        }
+        TW_AllocFailAt(0);
+        EXPECT_EQ(ui().errors(), errors) << hostFails << n;
+        EXPECT_EQ(entries(), filled) << hostFails << n;
         ClearInstructionSetArray(false);
-        EXPECT_EQ(leftBehind(), 0) << "allocation " << n;
+        EXPECT_EQ(leftBehind(), 0) << hostFails << n;
     }
 }
-
-} // namespace

@@ -48,7 +48,10 @@ protected:
 
     /* Reads instruction text into instr, as a saved instruction set would be. */
     void set(const std::string &text) { tw::ScanInstructionSet("set.twc", text.c_str(), instr); }
-    void names(const std::string &list) { set("VARIABLES { SEARCH = NONE NAMES = \"" + list + "\" }"); }
+    void names(const std::string &list)
+    {
+        set("VARIABLES { SEARCH = NONE NAMES = \"" + list + "\" }");
+    }
 
     tw::TW_ZoneInfo_s *zone(int index) const
     {
