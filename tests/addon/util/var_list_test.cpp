@@ -25,8 +25,9 @@ TEST_F(VarListTest, CopiesLooksUpAndReportsOutOfMemory)
     TW_Variable_s *Names = nullptr;
     int32_t Count = -1;
     CopyVarToVar(&Names, Source, &Count, 3);
-    EXPECT_EQ(Describe(Names, Count),
-              Strings({"x/1/1/6", "Pressure/8/1/8", std::string(128, 'L') + "/128/1/128"}));
+    std::string Cut(128, 'L');
+    Cut += "/128/1/128";
+    EXPECT_EQ(Describe(Names, Count), Strings({"x/1/1/6", "Pressure/8/1/8", Cut}));
     TW_CopyVarNameArray(Source, 2, &Names, &Count);
     EXPECT_EQ(Describe(Names, Count), Strings({"x/1/0/40", "Pressure/8/0/2"}));
     TW_AllocFailAt(1); /* each copy frees the old block first */
