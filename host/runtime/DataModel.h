@@ -42,8 +42,10 @@ private:
     void setInteger(size_t index, double value);
 
     struct FreeBuffer {
+        size_t bytes = 0; /* mapped size; 0 for a calloc'd buffer */
         void operator()(void *buffer) const;
     };
+    static std::unique_ptr<void, FreeBuffer> makeBuffer(size_t bytes);
     FieldDataType_e type_;
     size_t size_;
     /* calloc'd: a large field's pages come zeroed from the system untouched,
