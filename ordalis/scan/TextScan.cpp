@@ -3,9 +3,9 @@
  * scanned data set: set-up, the line loop with progress and cancel, and the
  * checks after the last line (missing values, titles, zone sizes).
  *
- * The per-line steps live in ScanLine.cpp. Lines are read with fgets into
- * one static buffer through a large stdio buffer; nothing is allocated per
- * line. Not re-entrant.
+ * The per-line steps live in ScanLine.cpp. Lines come from the block
+ * reader (LineReader.h) in place; nothing is allocated or copied per line.
+ * Not re-entrant.
  */
 #include "TextScan.h"
 
@@ -14,23 +14,15 @@
 #include <cstring>
 #include <map>
 #include <string>
-#if defined(__GLIBC__)
-#include <stdio_ext.h>
-#endif
 
 #include "DoubleArray.h"
 #include "Globals.h"
+#include "LineReader.h"
 #include "ScanState.h"
 #include "StringUtil.h"
 #include "VarList.h"
 
 namespace corvane::cvnutildataio {
-
-/* One line of the file: 64000 characters, the line feed and the NUL. */
-static char LineBuffer[TW_MAX_LINE_LENGTH + 2];
-
-/* stdio buffer of the file being scanned: large reads instead of 4 KiB. */
-static char FileBuffer[1 << 20];
 
 /* Longest fill question; longer texts are cut. */
 #define TW_FILL_QUESTION_LENGTH 384
@@ -181,10 +173,13 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
         Progress.NextTotal = TotalForPercent(FileSize, 1);
     int32_t LineNumber = 0;
 
-    while (!State->Stopped && fgets(LineBuffer, TW_MAX_LINE_LENGTH + 1, File) != NULL) {
+    TW_LineReader_s Reader;
+    TW_LineReaderStart(&Reader, File);
+    char *Line;
+    while (!State->Stopped && (Line = TW_ReadLine(&Reader)) != NULL) {
         LineNumber++;
-        size_t Length = strlen(LineBuffer);
-        if (Length == TW_MAX_LINE_LENGTH && LineBuffer[Length - 1] != '\n') {
+        size_t Length = strlen(Line);
+        if (Length == TW_MAX_LINE_LENGTH && Line[Length - 1] != '\n') {
             char Message[sizeof(LineTooLongMessage) + 64];
             snprintf(Message, sizeof(Message), LineTooLongMessage, (long)LineNumber,
                      TW_LOADER_NAME, (unsigned long)TW_MAX_LINE_LENGTH);
@@ -192,14 +187,14 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
             State->Failed = true;
             break;
         }
-        while (Length > 0 && (LineBuffer[Length - 1] == '\n' || LineBuffer[Length - 1] == '\r'))
-            LineBuffer[--Length] = '\0';
+        while (Length > 0 && (Line[Length - 1] == '\n' || Line[Length - 1] == '\r'))
+            Line[--Length] = '\0';
 
         if (!AdvanceProgress(&Progress, Length)) {
             *Cancelled = true;
             break;
         }
-        TW_ScanProcessLine(State, LineBuffer, LineNumber);
+        TW_ScanProcessLine(State, Line, LineNumber);
     }
     return LineNumber;
 }
@@ -313,11 +308,6 @@ bool ScanTextFile(TW_FileDataSet_s **DataSet, const char *FileName,
         FileDataSetDealloc(DataSet);
         return false;
     }
-    setvbuf(File, FileBuffer, _IOFBF, sizeof(FileBuffer));
-#if defined(__GLIBC__)
-    /* Only this thread reads the file: no stdio locking per line. */
-    __fsetlocking(File, FSETLOCKING_BYCALLER);
-#endif
 
     TW_GlobalFilters_s *Filters = &Instr->GlobalFilters;
     if ((Filters->UseComment &&

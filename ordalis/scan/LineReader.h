@@ -1,0 +1,34 @@
+/*
+ * LineReader.h - reads a text file line by line as fgets with a buffer of
+ * 64001 characters would, but from large blocks: each line stays where it
+ * was read, NUL-terminated, and nothing is copied per line.
+ */
+#ifndef TW_LINEREADER_H
+#define TW_LINEREADER_H
+
+#include <cstddef>
+#include <cstdio>
+
+namespace corvane::cvnutildataio {
+
+typedef struct {
+    FILE *File;
+    size_t Begin;      /* first unread character of the block */
+    size_t End;        /* end of the characters read into the block */
+    bool AtEof;        /* the file has no more characters */
+    char *Covered;     /* where the last line's NUL stands */
+    char CoveredChar;  /* the character that NUL covers */
+} TW_LineReader_s;
+
+/* Starts reading File (opened for reading; the reader does its own
+   buffering). One reader at a time: the block is static. */
+void TW_LineReaderStart(TW_LineReader_s *Reader, FILE *File);
+/* The next line: up to and including its line feed, at most 64000
+   characters (a longer line comes in pieces, as from fgets), NUL-terminated
+   and writable up to its NUL; valid until the next call. NULL at the end of
+   the file or on a read error. */
+char *TW_ReadLine(TW_LineReader_s *Reader);
+
+} // namespace corvane::cvnutildataio
+
+#endif
