@@ -9,8 +9,10 @@ pass over the bytes), `corvane load FILE --set SET -q --no` (scan and
 transfer into the host, no output file), pandas read_csv (C engine), numpy
 loadtxt and data.table fread on one thread. A tool's time is the best wall
 time of its runs, process start-up included; its memory is the largest peak
-resident set (ru_maxrss from wait4) of its runs. N defaults to 3 for files
-under 512 MiB and to 1 for larger ones.
+resident set (ru_maxrss from wait4) of its runs. N defaults to 3: on a
+virtual machine the first touch of memory the guest has not used lately is
+slow and varies from run to run, so a single run of a 1 GiB load measures
+the machine as much as the tool.
 
 The peers print the number of rows they read and the seconds spent inside
 the read call, and corvane's summary line gives the points it loaded; a count
@@ -30,7 +32,6 @@ import time
 
 PYTHON = "/usr/bin/python3"
 RSCRIPT = "Rscript"
-LARGE_FILE = 512 << 20
 
 PANDAS = """
 import sys, time
@@ -251,7 +252,7 @@ def main():
     results = []
     for path in args.files:
         path = os.path.abspath(path)
-        repeat = args.repeat or (1 if os.path.getsize(path) >= LARGE_FILE else 3)
+        repeat = args.repeat or 3
         print("%s (%d MB, best of %d)" % (os.path.basename(path), os.path.getsize(path) // 1000000, repeat),
               file=sys.stderr, flush=True)
         results += measure(path, corvane, sets, repeat)

@@ -5,8 +5,8 @@
 #
 # Installs what is missing, builds the release corvane and libordalis.so,
 # writes the data files that are missing into bench/data/, then times every
-# tool on every file (best of N runs; N is 3 for 100M and 1 for 1G unless
-# --repeat says otherwise). Prints the table and writes it as Markdown to
+# tool on every file (best of N runs; N is 3 unless --repeat says
+# otherwise). Prints the table and writes it as Markdown to
 # bench/out/latest.md. --corvane runs the given executable instead of
 # building one (another build, or a stand-in while the loader is unfinished).
 set -euo pipefail
