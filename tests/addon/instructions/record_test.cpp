@@ -80,6 +80,17 @@ TEST_F(RecordTest, EveryAllocationFailureIsReportedAndLeavesNothing)
     corvane::host::failHostAllocationAt(1);
     CopyVarInfo(&Vars, &Source->Variables);
     EXPECT_TRUE(Vars.LoadedVars == nullptr && Vars.NumNames == 2);
-    EXPECT_EQ(ui().errors(), Strings{"Out of memory"});
     TW_Free(Vars.Names);
+
+    /* A record reset without a set, then copied onto: each set it cannot get
+       is one more message. */
+    TW_ConfigInstructions_s *Reset = static_cast<TW_ConfigInstructions_s *>(
+        TW_Malloc(sizeof(TW_ConfigInstructions_s)));
+    corvane::host::failHostAllocationAt(1);
+    SetConfigToDefault(Reset);
+    EXPECT_TRUE(Reset->Variables.LoadedVars == nullptr && Reset->Variables.NumNames == 0);
+    corvane::host::failHostAllocationAt(5); /* after the four trimmed texts */
+    CopyInstructionSet(&Reset, Source.get());
+    EXPECT_EQ(ui().errors(), Strings(3, "Out of memory"));
+    ImportInstructionsDealloc(&Reset);
 }

@@ -255,31 +255,39 @@ TEST_F(ScanTest, FileFailuresAreReportedAndCancelIsSilent)
 
 TEST_F(ScanTest, EveryAllocationFailureIsReportedAndReleased)
 {
-    set("VARIABLES { SEARCH = LINE STARTLINE = 1 ENDLINE = 1 } TITLE { SEARCH = LINE LINE = 2 }");
-    for (int host = 0; host < 2; host++) {
-        for (long n = 1;; n++) {
-            ui().clearTranscript();
-            /* The line value array is made on first use: fail it too. */
-            tw::TW_DoubleArrayDealloc(&tw::GlobalLineBuffer);
-            (host ? corvane::host::failHostAllocationAt : tw::TW_AllocFailAt)(n);
-            bool ok = scan("x y\nTitle\n1 2\n3 4\ntext\n");
-            long made = host ? corvane::host::hostAllocationCount() : tw::TW_AllocCount();
-            tw::TW_AllocFailAt(0);
-            corvane::host::failHostAllocationAt(0);
-            if (made < n) { /* every allocation succeeded */
-                ASSERT_TRUE(ok && ui().errors().empty());
-                EXPECT_STREQ(data->Title, "Title");
-                EXPECT_EQ(values(0, 1), (V{2, 4}));
-                EXPECT_GE(n, host ? 6 : 10); /* the loop reached the later steps */
-                break;
+    /* Titles from a line, by name, and by default; a comment marker to trim. */
+    const std::pair<const char *, const char *> sets[] = {
+        {"TITLE { SEARCH = LINE LINE = 2 }", "Title"},
+        {"TITLE { SEARCH = NONE NAME = \"Named\" }", "Named"},
+        {"TITLE { SEARCH = LINE LINE = 99 } GLOBALFILTERS { COMMENT = \" # \" }", "New Dataset"},
+    };
+    for (const auto &[title, expected] : sets) {
+        set(std::string("VARIABLES { SEARCH = LINE STARTLINE = 1 ENDLINE = 1 } ") + title);
+        for (int host = 0; host < 2; host++) {
+            for (long n = 1;; n++) {
+                ui().clearTranscript();
+                /* The line value array is made on first use: fail it too. */
+                tw::TW_DoubleArrayDealloc(&tw::GlobalLineBuffer);
+                (host ? corvane::host::failHostAllocationAt : tw::TW_AllocFailAt)(n);
+                bool ok = scan("x y\nTitle\n1 2\n3 4\ntext\n");
+                long made = host ? corvane::host::hostAllocationCount() : tw::TW_AllocCount();
+                tw::TW_AllocFailAt(0);
+                corvane::host::failHostAllocationAt(0);
+                if (made < n) { /* every allocation succeeded */
+                    ASSERT_TRUE(ok && ui().errors().empty());
+                    EXPECT_STREQ(data->Title, expected);
+                    EXPECT_EQ(values(0, 1), (V{2, 4}));
+                    EXPECT_GE(n, host ? 6 : 10); /* the loop reached the later steps */
+                    break;
+                }
+                ASSERT_FALSE(ui().errors().empty()) << title << host << " " << n;
+                EXPECT_EQ(ui().errors()[0], "Out of memory") << title << host << " " << n;
+                EXPECT_TRUE(ok || data == nullptr);
+                tw::FileDataSetDealloc(&data);
+                EXPECT_EQ(hostObjectsMade(), 0) << title << host << " " << n;
             }
-            ASSERT_FALSE(ui().errors().empty()) << host << " " << n;
-            EXPECT_EQ(ui().errors()[0], "Out of memory") << host << " " << n;
-            EXPECT_TRUE(ok || data == nullptr);
             tw::FileDataSetDealloc(&data);
-            EXPECT_EQ(hostObjectsMade(), 0) << host << " " << n;
         }
-        tw::FileDataSetDealloc(&data);
     }
 }
 
