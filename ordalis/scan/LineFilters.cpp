@@ -182,52 +182,71 @@ static bool ContinueMalformedLine(int32_t LineNumber)
     return CvnUtilDialogMessageBox(Question, MessageBox_YesNo);
 }
 
-/* Token mode: numbers among the tokens; one question per line for the first
-   token that is not a number, unless such tokens are to be ignored.
-   Delimited kinds read each token where it stands in the line (the same
-   tokens TW_strtok would cut, read by the same number scanner), so every
-   character is looked at once; fixed-width fields come from TW_strtok. */
+/* One token's part in token mode: its value is appended, or, for a token
+   that is not a number, the user is asked once per line whether to go on
+   (unless such tokens are ignored). False when the answer is No: the rest
+   of the line is dropped. */
+static bool TakeToken(bool IsNumber, double Value, int32_t LineNumber,
+                      const TW_ConfigInstructions_s *Instr, bool *Asked, TW_DoubleArray_s *Values)
+{
+    if (IsNumber) {
+        TW_DoubleArrayAdd(Values, Value);
+        return true;
+    }
+    if (Instr->IgnoreNonNumericTokens || *Asked)
+        return true;
+    *Asked = true;
+    return ContinueMalformedLine(LineNumber);
+}
+
+/* Delimited kinds: each token is read where it stands in the line (the
+   same tokens TW_strtok would cut, read by the same number scanner), so
+   every character is looked at once. */
+static void ScanDelimitedTokens(const char *Line, const bool *Delim, int32_t LineNumber,
+                                const TW_ConfigInstructions_s *Instr, TW_DoubleArray_s *Values)
+{
+    bool Asked = false;
+    const unsigned char *P = (const unsigned char *)Line;
+    for (;;) {
+        while (*P != '\0' && Delim[*P])
+            P++;
+        if (*P == '\0')
+            return;
+        double Value;
+        const char *Cursor = (const char *)P;
+        bool IsNumber = TW_ScanTokenForDouble(&Cursor, Delim, &Value);
+        if (!TakeToken(IsNumber, Value, LineNumber, Instr, &Asked, Values))
+            return;
+        P = (const unsigned char *)Cursor;
+        while (*P != '\0' && !Delim[*P])
+            P++;
+    }
+}
+
+/* Fixed-width fields, from TW_strtok. */
+static void ScanFixedFields(char *Line, int32_t LineNumber, const TW_ConfigInstructions_s *Instr,
+                            TW_DoubleArray_s *Values)
+{
+    bool Asked = false;
+    for (char *Token = TW_strtok(Line, Delimiter_Fixed, Instr->DataWidth, false); Token != NULL;
+         Token = TW_strtok(NULL, Delimiter_Fixed, Instr->DataWidth, false)) {
+        const char *Cursor = Token;
+        double Value;
+        bool IsNumber = Str_ScanForDouble(&Cursor, &Value);
+        if (!TakeToken(IsNumber, Value, LineNumber, Instr, &Asked, Values))
+            return;
+    }
+}
+
+/* Token mode: the numbers among the tokens of the line's delimiter kind; a
+   kind out of range gives no tokens. */
 static void ScanTokens(char *Line, int32_t LineNumber, const TW_ConfigInstructions_s *Instr,
                        TW_DoubleArray_s *Values)
 {
-    bool Asked = false;
-    const bool *Delim = TW_DelimiterTable(Instr->DataDelimiter);
-    if (Delim != NULL) {
-        const unsigned char *P = (const unsigned char *)Line;
-        for (;;) {
-            while (*P != '\0' && Delim[*P])
-                P++;
-            if (*P == '\0')
-                return;
-            double Value;
-            const char *Cursor = (const char *)P;
-            bool IsNumber = TW_ScanTokenForDouble(&Cursor, Delim, &Value);
-            P = (const unsigned char *)Cursor;
-            if (IsNumber) {
-                TW_DoubleArrayAdd(Values, Value);
-            } else if (!Instr->IgnoreNonNumericTokens && !Asked) {
-                if (!ContinueMalformedLine(LineNumber))
-                    return;
-                Asked = true;
-            }
-            while (*P != '\0' && !Delim[*P])
-                P++;
-        }
-    }
-    if (Instr->DataDelimiter != Delimiter_Fixed)
-        return;
-    for (char *Token = TW_strtok(Line, Instr->DataDelimiter, Instr->DataWidth, false);
-         Token != NULL; Token = TW_strtok(NULL, Instr->DataDelimiter, Instr->DataWidth, false)) {
-        const char *Cursor = Token;
-        double Value;
-        if (Str_ScanForDouble(&Cursor, &Value)) {
-            TW_DoubleArrayAdd(Values, Value);
-        } else if (!Instr->IgnoreNonNumericTokens && !Asked) {
-            if (!ContinueMalformedLine(LineNumber))
-                break;
-            Asked = true;
-        }
-    }
+    if (const bool *Delim = TW_DelimiterTable(Instr->DataDelimiter))
+        ScanDelimitedTokens(Line, Delim, LineNumber, Instr, Values);
+    else if (Instr->DataDelimiter == Delimiter_Fixed)
+        ScanFixedFields(Line, LineNumber, Instr, Values);
 }
 
 void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,

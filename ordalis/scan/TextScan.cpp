@@ -178,6 +178,8 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
     char *Line;
     while (!State->Stopped && (Line = TW_ReadLine(&Reader)) != NULL) {
         LineNumber++;
+        /* The length as a C string: a NUL byte in the file ends the line
+           there, as it always has for the steps that follow. */
         size_t Length = strlen(Line);
         if (Length == TW_MAX_LINE_LENGTH && Line[Length - 1] != '\n') {
             char Message[sizeof(LineTooLongMessage) + 64];
