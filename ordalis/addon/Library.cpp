@@ -14,14 +14,25 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileInfo.h"
+#include "FileOpen.h"
 #include "Reader.h"
 #include "StringUtil.h"
+#include "WholeFile.h"
 #include "Writer.h"
 
 namespace corvane::cvnutildataio {
 
 #define TW_PROGRESS_MIN_FILES 5 /* fewer files are read without a progress box */
+
+/* The library: entry 0 is the dialog's unsaved set, then the files; NULL
+   entries only after the last set. Filled when the main dialog opens,
+   emptied when it closes. */
+TW_ConfigInstructions_s *GlobalConfigInfoArray[TW_MAX_CONFIGS] = {};
+/* The set of the last load from the dialog; made at start-up, freed at the
+   host's quit. */
+TW_ConfigInstructions_s *LastUsedConfig = nullptr;
 
 /* Full path of the directory entry under test in FillInstructionSetArray. */
 static char EntryPath[1001 + 1 + 256];
@@ -73,20 +84,12 @@ static void ListInstructionSetFiles(const char *Dir, StringList_s *Names)
    the defaults after "Out of memory". The file stays open. */
 static void ReadInstructionSetFile(FILE *File, TW_ConfigInstructions_s *Set)
 {
-    fseek(File, 0, SEEK_END);
-    long Size = ftell(File);
-    rewind(File);
-    if (Size < 0)
-        Size = 0;
-
-    char *Text = CvnUtilStringAlloc(Size, "InstructionString");
+    char *Text = TW_ReadWholeFile(File, "InstructionString");
     if (Text == nullptr) {
         ShowDialogErrorMessage("Out of memory");
         return;
     }
     Set->IsNew = false;
-    size_t Read = fread(Text, 1, (size_t)Size, File);
-    Text[Read] = '\0';
     ScanInstructionSet(Set->FilePath, Text, Set);
     CvnUtilStringDealloc(&Text);
 }

@@ -1,6 +1,7 @@
 /*
- * Library.h - the instruction-set library: the directory of .twc files and
- * the 64 in-memory entries the main dialog works with (entry 0 = unsaved).
+ * Library.h - the instruction-set library: the directory of .twc files,
+ * the 64 in-memory entries the main dialog works with (entry 0 = unsaved),
+ * and the set of the last load from the dialog.
  */
 #ifndef TW_LIBRARY_H
 #define TW_LIBRARY_H
@@ -8,6 +9,11 @@
 #include "Instructions.h"
 
 namespace corvane::cvnutildataio {
+
+#define TW_MAX_CONFIGS 64 /* entries of the library, entry 0 included */
+
+extern TW_ConfigInstructions_s *GlobalConfigInfoArray[TW_MAX_CONFIGS];
+extern TW_ConfigInstructions_s *LastUsedConfig;
 
 /* *Dir becomes a new host string: $ORDALIS_DIR, else
    <home>/addonconfig/tabwise. False after "Out of memory". */

@@ -7,7 +7,8 @@
 #include <cstdio>
 #include <sys/stat.h>
 
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileInfo.h"
 #include "Library.h"
 #include "StringUtil.h"
 

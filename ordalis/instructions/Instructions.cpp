@@ -9,7 +9,8 @@
 
 #include <cstring>
 
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "StringUtil.h"
 #include "TW_Alloc.h"
 
 namespace corvane::cvnutildataio {

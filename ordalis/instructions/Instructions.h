@@ -8,25 +8,12 @@
 #include <cstdint>
 
 #include "CvnAPI.h"
+#include "Delimiter.h"
+#include "InstructionEnums.h"
 #include "NumList.h"
-#include "StringUtil.h"
 #include "VarList.h"
 
 namespace corvane::cvnutildataio {
-
-typedef enum {
-    SearchMode_None = 0,
-    SearchMode_Line = 1,
-    SearchMode_Keyword = 2
-} TW_SearchMode_e;
-
-typedef enum {
-    FileMarker_FirstNonNumericLine = 0,
-    FileMarker_FirstNumericLine = 1,
-    FileMarker_Line = 2,
-    FileMarker_Keyword = 3,
-    FileMarker_EOF = 4
-} TW_FileMarker_e;
 
 typedef struct {
     TW_FileMarker_e Marker;

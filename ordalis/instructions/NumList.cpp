@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "CvnAPI.h"
+#include "NumberScan.h"
 #include "StringUtil.h"
 
 namespace corvane::cvnutildataio {

@@ -14,9 +14,12 @@
 #include <cstdio>
 #include <cstring>
 
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileOpen.h"
+#include "InstructionLexer.h"
+#include "StringUtil.h"
 #include "TW_Alloc.h"
-#include "Tokenizer.h"
+#include "WholeFile.h"
 
 namespace corvane::cvnutildataio {
 
@@ -62,46 +65,61 @@ static bool AssignBoolean(TW_ConfigFileStream_s *S, bool *Dest)
     return true;
 }
 
-/* Reads SEARCH's value into Mode. A missing "=" is reported and the mode
-   kept; false (parse ends) for a value that is no search mode. */
-static bool AssignSearchMode(TW_ConfigFileStream_s *S, TW_SearchMode_e *Mode)
+/* The value of the word just read in Table; false when the word is not
+   one of the table's keywords. */
+static bool EnumValueOfWord(const TW_ConfigFileStream_s *S, const TW_EnumTable_s *Table,
+                            int32_t *Value)
 {
-    TW_WordValue_e Value = ReadWordValue(S);
-    if (Value == WordValue_NoEquals)
-        return true;
-    if (Value == WordValue_NotAWord)
-        return false;
-    switch (S->KeywordId) {
-    case Keyword_None:
-        *Mode = SearchMode_None;
-        return true;
-    case Keyword_Line:
-        *Mode = SearchMode_Line;
-        return true;
-    case Keyword_Keyword:
-        *Mode = SearchMode_Keyword;
-        return true;
-    default:
-        ShowSyntaxError(S, "Expected one of NONE,LINE,KEYWORD");
-        return false;
-    }
+    return TW_EnumValue(Table, KeywordName(S->KeywordId), Value);
 }
 
-/* Reads DELIMITER's value into Delimiter, with the rules of
-   AssignSearchMode. */
+/* Shows "<Lead><the keywords of Values joined by Separator>" as a syntax
+   error: the "one of" message of a word that is not among them. */
+static void ShowExpectedOneOf(TW_ConfigFileStream_s *S, const char *Lead,
+                              const TW_EnumTable_s *Table, const int32_t *Values, int32_t N,
+                              const char *Separator)
+{
+    char Detail[200];
+    char List[160];
+    TW_EnumKeywordList(Table, Values, N, Separator, List, sizeof(List));
+    snprintf(Detail, sizeof(Detail), "%s%s", Lead, List);
+    ShowSyntaxError(S, Detail);
+}
+
+/* Reads "=" and a word of Table (any of its values) into *Value. A missing
+   "=" is reported and the value kept; false (parse ends) for a word that
+   is none of the table's keywords, after "Expected one of" with them all. */
+static bool AssignEnum(TW_ConfigFileStream_s *S, const TW_EnumTable_s *Table, int32_t *Value)
+{
+    TW_WordValue_e Word = ReadWordValue(S);
+    if (Word == WordValue_NoEquals)
+        return true;
+    if (Word == WordValue_NotAWord)
+        return false;
+    if (EnumValueOfWord(S, Table, Value))
+        return true;
+    int32_t All[16];
+    int32_t N = 0;
+    for (int32_t Row = 0; Row < Table->Count && N < 16; Row++)
+        All[N++] = Table->Rows[Row].Value;
+    ShowExpectedOneOf(S, "Expected one of ", Table, All, N, ",");
+    return false;
+}
+
+static bool AssignSearchMode(TW_ConfigFileStream_s *S, TW_SearchMode_e *Mode)
+{
+    int32_t Value = *Mode;
+    bool Ok = AssignEnum(S, &SearchModeTable, &Value);
+    *Mode = (TW_SearchMode_e)Value;
+    return Ok;
+}
+
 static bool AssignDelimiter(TW_ConfigFileStream_s *S, TW_Delimiter_e *Delimiter)
 {
-    TW_WordValue_e Value = ReadWordValue(S);
-    if (Value == WordValue_NoEquals)
-        return true;
-    if (Value == WordValue_NotAWord)
-        return false;
-    if (S->KeywordId >= Keyword_Auto && S->KeywordId <= Keyword_Fixed) {
-        *Delimiter = (TW_Delimiter_e)(Delimiter_Auto + (S->KeywordId - Keyword_Auto));
-        return true;
-    }
-    ShowSyntaxError(S, "Expected one of AUTO,TAB,SPACE,SEMICOLON,COMMA,FIXED");
-    return false;
+    int32_t Value = *Delimiter;
+    bool Ok = AssignEnum(S, &DelimiterTable, &Value);
+    *Delimiter = (TW_Delimiter_e)Value;
+    return Ok;
 }
 
 /* Expects the "{" that opens a section. */
@@ -436,6 +454,15 @@ static const TW_SectionKey_s VariablesKeys[] = {
 static const TW_Section_s VariablesSection = {VariablesKeys, TW_COUNT(VariablesKeys),
                                               TW_MISSING_BRACE_DETAIL, "Invalid keyword"};
 
+/* The markers a STARTID (IsStart) or ENDID may name, and the ones its
+   "one of" message lists: an end may also be EOF, which that message does
+   not name. */
+static const int32_t StartMarkers[] = {FileMarker_FirstNumericLine, FileMarker_Line,
+                                       FileMarker_Keyword};
+static const int32_t EndMarkers[] = {FileMarker_FirstNonNumericLine, FileMarker_Line,
+                                     FileMarker_Keyword, FileMarker_EOF};
+static const int32_t EndMarkersNamed = 3;
+
 /* Reads a STARTID (IsStart) or ENDID value and its marker block. A value
    that is not one of the marker's kinds is reported and the marker keeps
    its kind; its block is read all the same. */
@@ -443,32 +470,18 @@ static bool AssignFileMarker(TW_ConfigFileStream_s *S, TW_FileMarker_s *Marker, 
 {
     if (ReadWordValue(S) != WordValue_Ok)
         return false;
-    switch (S->KeywordId) {
-    case Keyword_Line:
-        Marker->Marker = FileMarker_Line;
-        break;
-    case Keyword_Keyword:
-        Marker->Marker = FileMarker_Keyword;
-        break;
-    case Keyword_FirstNumericLine:
-        if (IsStart)
-            Marker->Marker = FileMarker_FirstNumericLine;
-        else
-            ShowSyntaxError(S, "Expected one of: FIRSTNONNUMERICLINE,LINE,KEYWORD");
-        break;
-    case Keyword_FirstNonNumericLine:
-    case Keyword_EOF:
-        if (IsStart)
-            ShowSyntaxError(S, "Expected one of: FIRSTNUMERICLINE,LINE,KEYWORD");
-        else
-            Marker->Marker = S->KeywordId == Keyword_EOF ? FileMarker_EOF
-                                                         : FileMarker_FirstNonNumericLine;
-        break;
-    default:
-        ShowSyntaxError(S, IsStart ? "Expected one of: FIRSTNUMERICLINE,LINE,KEYWORD"
-                                   : "Expected one of: FIRSTNONNUMERICLINE,LINE,KEYWORD");
-        break;
-    }
+    const int32_t *Allowed = IsStart ? StartMarkers : EndMarkers;
+    int32_t NumAllowed = IsStart ? TW_COUNT(StartMarkers) : TW_COUNT(EndMarkers);
+    int32_t Value = 0;
+    bool Known = EnumValueOfWord(S, &FileMarkerTable, &Value);
+    bool Ok = false;
+    for (int32_t I = 0; Known && I < NumAllowed; I++)
+        Ok = Ok || Allowed[I] == Value;
+    if (Ok)
+        Marker->Marker = (TW_FileMarker_e)Value;
+    else
+        ShowExpectedOneOf(S, "Expected one of: ", &FileMarkerTable, Allowed,
+                          IsStart ? NumAllowed : EndMarkersNamed, ",");
     return ProcessFileMarker(S, Marker);
 }
 
@@ -482,19 +495,22 @@ static bool AssignEndId(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
     return AssignFileMarker(S, &Rec->EndId, false);
 }
 
+/* FORMAT reads the ordered formats only, and names them point first. */
+static const int32_t ReadFormats[] = {DataFormat_IJKPoint, DataFormat_IJKBlock};
+
 static bool AssignFormat(TW_ConfigFileStream_s *S, TW_ConfigInstructions_s *Rec)
 {
     if (ReadWordValue(S) != WordValue_Ok)
         return false;
-    if (S->KeywordId == Keyword_IJKPoint) {
-        Rec->Format = DataFormat_IJKPoint;
-    } else if (S->KeywordId == Keyword_IJKBlock) {
-        Rec->Format = DataFormat_IJKBlock;
-    } else {
-        ShowSyntaxError(S, "Expected one of IJKPOINT, IJKBLOCK");
-        return false;
+    int32_t Value = 0;
+    if (EnumValueOfWord(S, &DataFormatTable, &Value) &&
+        (Value == DataFormat_IJKPoint || Value == DataFormat_IJKBlock)) {
+        Rec->Format = (DataFormat_e)Value;
+        return true;
     }
-    return true;
+    ShowExpectedOneOf(S, "Expected one of ", &DataFormatTable, ReadFormats,
+                      TW_COUNT(ReadFormats), ", ");
+    return false;
 }
 
 static const TW_SectionKey_s ImportKeys[] = {
@@ -680,26 +696,16 @@ bool LoadConfigFile(const char *Path, TW_ConfigInstructions_s **Rec)
         return false;
     }
 
-    long Size = 0;
-    if (fseek(File, 0, SEEK_END) == 0)
-        Size = ftell(File);
-    if (Size < 0)
-        Size = 0;
-    rewind(File);
-
-    char *Text = (char *)TW_Malloc((size_t)Size + 1);
+    char *Text = TW_ReadWholeFile(File, "InstructionString");
+    fclose(File);
     if (Text == NULL) {
         ShowDialogErrorMessage("Out of memory");
-        fclose(File);
         return false;
     }
-    size_t Read = fread(Text, 1, (size_t)Size, File);
-    Text[Read] = '\0';
 
     TW_ConfigInstructions_s *New = ImportInstructionsAlloc();
     if (New == NULL) {
-        TW_Free(Text);
-        fclose(File);
+        CvnUtilStringDealloc(&Text);
         return false;
     }
     ScanInstructionSet(Path, Text, New);
@@ -715,8 +721,7 @@ bool LoadConfigFile(const char *Path, TW_ConfigInstructions_s **Rec)
     TW_Strncpy(New->FileExt, Ext, sizeof(New->FileExt));
     *Rec = New;
 
-    TW_Free(Text);
-    fclose(File);
+    CvnUtilStringDealloc(&Text);
     return true;
 }
 

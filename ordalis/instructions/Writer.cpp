@@ -12,8 +12,10 @@
 #include <cstdio>
 #include <cstring>
 
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileOpen.h"
 #include "Reader.h"
+#include "StringUtil.h"
 
 namespace corvane::cvnutildataio {
 
@@ -39,37 +41,32 @@ static char StringBuffer[3051];
     "# End of file\n"                                               \
     "#######################################################\n"
 
-/* Names[Index], or the error name for an index outside the table. */
-static const char *NameAt(const char *const *Names, size_t Count, int Index)
+/* The keyword of Value in Table, or the error name for a value that is not
+   in it. */
+static const char *KeywordOrError(const TW_EnumTable_s *Table, int32_t Value)
 {
-    if (Index < 0 || (size_t)Index >= Count)
-        return TW_ERROR_NAME;
-    return Names[Index];
+    const char *Keyword = TW_EnumKeyword(Table, Value);
+    return Keyword != NULL ? Keyword : TW_ERROR_NAME;
 }
 
 const char *Export_GetSearchModeString(TW_SearchMode_e Mode)
 {
-    static const char *const Names[] = {"NONE", "LINE", "KEYWORD"};
-    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Mode - SearchMode_None);
+    return KeywordOrError(&SearchModeTable, Mode);
 }
 
 const char *Export_GetDelimiterString(TW_Delimiter_e Delimiter)
 {
-    static const char *const Names[] = {"AUTO", "TAB", "SPACE", "SEMICOLON", "COMMA", "FIXED"};
-    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Delimiter - Delimiter_Auto);
+    return KeywordOrError(&DelimiterTable, Delimiter);
 }
 
 const char *Export_GetFileMarkerString(TW_FileMarker_e Marker)
 {
-    static const char *const Names[] = {"FIRSTNONNUMERICLINE", "FIRSTNUMERICLINE", "LINE",
-                                        "KEYWORD", "EOF"};
-    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Marker - FileMarker_FirstNonNumericLine);
+    return KeywordOrError(&FileMarkerTable, Marker);
 }
 
 const char *Export_GetDataFormat(DataFormat_e Format)
 {
-    static const char *const Names[] = {"IJKBLOCK", "IJKPOINT", "FEBLOCK", "FEPOINT"};
-    return NameAt(Names, sizeof(Names) / sizeof(Names[0]), Format - DataFormat_IJKBlock);
+    return KeywordOrError(&DataFormatTable, Format);
 }
 
 static const char *BooleanName(bool Value)

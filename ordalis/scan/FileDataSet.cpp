@@ -8,7 +8,7 @@
 #include <cstdio>
 
 #include "CvnAPI.h"
-#include "Globals.h"
+#include "AddOnHost.h"
 #include "StringUtil.h"
 #include "TW_Alloc.h"
 

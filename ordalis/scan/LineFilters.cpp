@@ -4,7 +4,7 @@
  *
  * Classification runs on a 256-entry character table (C-locale classes) so
  * that the scan can classify a line in one pass. Not re-entrant: the filter
- * output buffer and GlobalLineBuffer are shared by every call.
+ * output buffer and the line's value array are shared by every call.
  */
 #include "LineFilters.h"
 
@@ -14,7 +14,8 @@
 #include <cstring>
 
 #include "DoubleArray.h"
-#include "Globals.h"
+#include "DataTokenizer.h"
+#include "NumberScan.h"
 #include "NumList.h"
 #include "StringUtil.h"
 
@@ -249,16 +250,31 @@ static void ScanTokens(char *Line, int32_t LineNumber, const TW_ConfigInstructio
         ScanFixedFields(Line, LineNumber, Instr, Values);
 }
 
-void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
-                               const TW_ConfigInstructions_s *Instr, const double **Values,
-                               int32_t *Count)
+/* The values of the line last cut by TW_ScanLineForNumericData, emptied at
+   each call. Made at the first call after start-up or a release, freed by
+   TW_LineFiltersRelease. */
+static TW_DoubleArray_s *GlobalLineBuffer = NULL;
+
+bool TW_LineFiltersStart()
 {
     if (GlobalLineBuffer == NULL)
         GlobalLineBuffer = TW_DoubleArrayAlloc();
-    if (GlobalLineBuffer == NULL) {
+    return GlobalLineBuffer != NULL;
+}
+
+void TW_LineFiltersRelease()
+{
+    TW_DoubleArrayDealloc(&GlobalLineBuffer);
+}
+
+bool TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
+                               const TW_ConfigInstructions_s *Instr, const double **Values,
+                               int32_t *Count)
+{
+    if (!TW_LineFiltersStart()) {
         *Values = NULL;
         *Count = 0;
-        return;
+        return false;
     }
     /* Emptied by count only: the buffer is reused line after line. */
     GlobalLineBuffer->Count = 0;
@@ -273,6 +289,7 @@ void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
 
     *Values = GlobalLineBuffer->Values;
     *Count = GlobalLineBuffer->Count;
+    return true;
 }
 
 } // namespace corvane::cvnutildataio

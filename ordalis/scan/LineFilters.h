@@ -19,10 +19,18 @@ bool TW_IsBlankLine(const char *Line);
 void TW_PreprocessLine(char *Line, const TW_GlobalFilters_s *Filters);
 /* True when the line holds a digit and no letter other than e/E. */
 bool TW_IsNumericLine(const char *Line);
-/* Cuts Line into values (GlobalLineBuffer); *Values stays valid until the
-   next call. LineNumber (1-based) is used in the question text. Only
-   blank-cell mode writes into the line (and it always gives a value). */
-void TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
+/* Makes the module's value array when it is missing; false after "Out of
+   memory". Called at start-up, and again by every cut. */
+bool TW_LineFiltersStart();
+/* Frees the module's value array (at the host's quit). */
+void TW_LineFiltersRelease();
+/* Cuts Line into values, kept in the module's value array: *Values stays
+   valid until the next call. LineNumber (1-based) is used in the question
+   text. Only blank-cell mode writes into the line (and it always gives a
+   value). False, with no values, when the value array cannot be made
+   ("Out of memory" was shown); every further line would fail the same
+   way. */
+bool TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
                                const TW_ConfigInstructions_s *Instr, const double **Values,
                                int32_t *Count);
 

@@ -7,7 +7,8 @@
 #include <cstring>
 
 #include "DoubleArray.h"
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "DataTokenizer.h"
 #include "LineFilters.h"
 #include "NumList.h"
 #include "ScanState.h"
@@ -345,10 +346,7 @@ static void TakeDataLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
 
     const double *Values = NULL;
     int32_t Count = 0;
-    TW_ScanLineForNumericData(Line, LineNumber, Instr, &Values, &Count);
-    if (GlobalLineBuffer == NULL) {
-        /* The value array could not be made ("Out of memory" was shown);
-           every further line would fail the same way. */
+    if (!TW_ScanLineForNumericData(Line, LineNumber, Instr, &Values, &Count)) {
         FailScan(State);
         return;
     }

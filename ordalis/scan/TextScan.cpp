@@ -16,7 +16,10 @@
 #include <string>
 
 #include "DoubleArray.h"
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileOpen.h"
+#include "MulDiv.h"
+#include "Progress.h"
 #include "LineReader.h"
 #include "ScanState.h"
 #include "StringUtil.h"
@@ -38,15 +41,6 @@ static const char FillQuestion[] =
 static const char OneVariableMessage[] =
     "Cannot expand 1-variable data file.\nZones must be all I-Ordered, all J-Ordered, or all "
     "IJK-Ordered";
-
-bool TW_CheckPercentDone(int Percent)
-{
-    if (Percent > 100)
-        Percent = 100;
-    bool GoOn = CvnUtilDialogCheckPercentDone(Percent) != FALSE;
-    GlobalCancelled = GoOn ? FALSE : TRUE;
-    return GoOn;
-}
 
 /* Trims a filter marker in place unless it is all spaces and sets *Length
    to its length afterwards. False after "Out of memory" (marker unchanged). */

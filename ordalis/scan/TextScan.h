@@ -15,9 +15,6 @@ namespace corvane::cvnutildataio {
    and *DataSet is NULL. Writes the trimmed filter markers back into Instr. */
 bool ScanTextFile(TW_FileDataSet_s **DataSet, const char *FileName,
                   TW_ConfigInstructions_s *Instr, bool ReadData);
-/* Clamps Percent to 100, asks the host's progress box, sets GlobalCancelled
-   to the negated answer and returns the answer. */
-bool TW_CheckPercentDone(int Percent);
 
 } // namespace corvane::cvnutildataio
 

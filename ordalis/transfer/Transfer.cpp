@@ -9,9 +9,10 @@
 #include "Transfer.h"
 
 #include "DoubleArray.h"
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "MulDiv.h"
+#include "Progress.h"
 #include "TW_Alloc.h"
-#include "TextScan.h"
 #include "VarList.h"
 
 namespace corvane::cvnutildataio {

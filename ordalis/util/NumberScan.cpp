@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "StringUtil.h"
+#include "NumberScan.h"
 
 namespace corvane::cvnutildataio {
 

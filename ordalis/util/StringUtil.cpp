@@ -237,12 +237,3 @@ void TW_splitpath(const char *Path, char *Drive, char *Dir, char *FName, char *E
 }
 
 } // namespace corvane::cvnutildataio
-
-namespace corvane::filesystem {
-
-FILE *fileOpen(const std::string &FileName, const std::string &Mode)
-{
-    return fopen(FileName.c_str(), Mode.c_str());
-}
-
-} // namespace corvane::filesystem

@@ -1,7 +1,7 @@
 /*
  * VarList.cpp - arrays of variable-name entries (one heap block each, the
  * count kept beside the pointer): copies from entries and from host string
- * lists, lookup by name, and TW_MulDiv.
+ * lists and lookup by name.
  */
 #include "VarList.h"
 
@@ -101,18 +101,6 @@ int32_t TW_GetVariablePosition(const char *Name, const TW_Variable_s *Vars, int3
         if (Str_ustrcmp(Name, Vars[I].Name) == 0)
             return I + 1;
     return -1;
-}
-
-/* A * B / C with a 64-bit product; the division is unsigned, so the result
-   is right for A, B >= 0 and C > 0 (all the preview layout passes). C == 0
-   gives 0. */
-int32_t TW_MulDiv(int32_t A, int32_t B, int32_t C)
-{
-    if (C == 0)
-        return 0;
-    uint64_t Product = static_cast<uint64_t>(static_cast<int64_t>(A) * static_cast<int64_t>(B));
-    uint64_t Divisor = static_cast<uint64_t>(static_cast<int64_t>(C));
-    return static_cast<int32_t>(static_cast<uint32_t>(Product / Divisor));
 }
 
 } // namespace corvane::cvnutildataio

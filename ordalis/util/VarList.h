@@ -1,6 +1,5 @@
 /*
- * VarList.h - variable-name entries and their copy and lookup operations,
- * and the integer helper TW_MulDiv.
+ * VarList.h - variable-name entries and their copy and lookup operations.
  */
 #ifndef TW_VARLIST_H
 #define TW_VARLIST_H
@@ -31,7 +30,6 @@ void TW_CopyVarNameArray(const TW_Variable_s *Source, int32_t N, TW_Variable_s *
                          int32_t *DestCount);
 /* 1-based position of the first entry named Name (case ignored); -1. */
 int32_t TW_GetVariablePosition(const char *Name, const TW_Variable_s *Vars, int32_t N);
-int32_t TW_MulDiv(int32_t A, int32_t B, int32_t C);
 
 } // namespace corvane::cvnutildataio
 

@@ -7,15 +7,32 @@
 
 #include "AddOns.h"
 #include "DataModel.h"
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileInfo.h"
+#include "LineFilters.h"
+#include "Progress.h"
 #include "HostFixture.h"
 #include "Init.h"
 #include "Library.h"
+#include "LoaderSelected.h"
 #include "MainDialog.h"
 #include "TW_Alloc.h"
 #include "TestFiles.h"
 
 namespace fs = std::filesystem;
+
+/* Whether the line filters still hold their value array: starting them
+   allocates only when they do not. Leaves them as they were. */
+inline bool lineValuesHeld()
+{
+    using namespace corvane::cvnutildataio;
+    TW_AllocFailAt(0);
+    corvane::cvnutildataio::TW_LineFiltersStart();
+    bool Held = TW_AllocCount() == 0;
+    if (!Held)
+        TW_LineFiltersRelease();
+    return Held;
+}
 
 class AddOnTest : public HostTest {
 protected:

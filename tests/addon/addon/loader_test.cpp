@@ -54,13 +54,17 @@ TEST_F(LoaderTest, StartUpRegistersOnRecentHostsAndQuitWaitsForTheDialog)
     CvnGUIDialogDrop(Dialog1Manager);
     ClearInstructionSetArray(false);
     EXPECT_TRUE(host::quit());
-    EXPECT_TRUE(!LastUsedConfig && !GlobalLineBuffer && !GlobalFileInfo);
+    EXPECT_EQ(LastUsedConfig, nullptr);
+    EXPECT_EQ(GlobalFileInfo, nullptr);
+    EXPECT_FALSE(lineValuesHeld());
     StateChangeCallback(StateChange_Quit, 0); /* a second quit frees nothing twice */
 
     host::resetAddOns();
     host::setHostVersion(899999);
     InitCvnAddOn113();
-    EXPECT_TRUE(host::loaders().empty() && !LastUsedConfig && !GlobalLineBuffer);
+    EXPECT_TRUE(host::loaders().empty());
+    EXPECT_EQ(LastUsedConfig, nullptr);
+    EXPECT_FALSE(lineValuesHeld());
     EXPECT_TRUE(host::quit()) << "nothing registered a quit query";
     host::setHostVersion(900000);
     InitCvnAddOn113();

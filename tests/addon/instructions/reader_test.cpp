@@ -208,7 +208,16 @@ TEST_F(ReaderTest, EveryFailedAllocationIsReportedAndNothingLeaks)
     std::string Path = Dir / "names.twc";
     writeFile(Path, "VARIABLES { NAMES = \"x,y,z\" LOADED = [2] }\n");
 
-    /* Add-on heap: the file text, the record, the names array. */
+    /* The file text is a host string: its allocation fails first. */
+    corvane::host::failHostAllocationAt(1);
+    TW_ConfigInstructions_s *None = nullptr;
+    EXPECT_FALSE(LoadConfigFile(Path.c_str(), &None));
+    corvane::host::failHostAllocationAt(0);
+    EXPECT_EQ(None, nullptr);
+    EXPECT_EQ(ui().errors(), Strings{"Out of memory"});
+    EXPECT_EQ(hostObjectsMade(), 0);
+
+    /* Add-on heap: the record, the names array. */
     Strings Seen;
     for (long N = 1;; N++) {
         ui().clearTranscript();
@@ -229,8 +238,7 @@ TEST_F(ReaderTest, EveryFailedAllocationIsReportedAndNothingLeaks)
         Owner.reset();
         EXPECT_EQ(hostObjectsMade(), 0) << "allocation " << N;
     }
-    EXPECT_EQ(Seen, (Strings{"Out of memory",
-                             "Out of memory. Unable to allocate import parameters structure",
+    EXPECT_EQ(Seen, (Strings{"Out of memory. Unable to allocate import parameters structure",
                              "Out of memory"}));
 
     /* Host objects: the name list, its strings and copies, the set, and the

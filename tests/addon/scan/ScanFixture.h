@@ -7,9 +7,10 @@
 #include <vector>
 
 #include "FileDataSet.h"
-#include "Globals.h"
 #include "HostFixture.h"
 #include "Instructions.h"
+#include "LineFilters.h"
+#include "Progress.h"
 #include "Reader.h"
 #include "TW_Alloc.h"
 #include "TestFiles.h"

@@ -1,7 +1,9 @@
 /* Line filters, line classification and cutting lines into values. */
 #include <cstring>
 
+#include "DataTokenizer.h"
 #include "LineFilters.h"
+#include "NumberScan.h"
 #include "ScanFixture.h"
 
 using V = std::vector<double>;

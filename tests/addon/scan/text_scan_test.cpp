@@ -267,7 +267,7 @@ TEST_F(ScanTest, EveryAllocationFailureIsReportedAndReleased)
             for (long n = 1;; n++) {
                 ui().clearTranscript();
                 /* The line value array is made on first use: fail it too. */
-                tw::TW_DoubleArrayDealloc(&tw::GlobalLineBuffer);
+                tw::TW_LineFiltersRelease();
                 (host ? corvane::host::failHostAllocationAt : tw::TW_AllocFailAt)(n);
                 bool ok = scan("x y\nTitle\n1 2\n3 4\ntext\n");
                 long made = host ? corvane::host::hostAllocationCount() : tw::TW_AllocCount();

@@ -7,7 +7,7 @@
 
 #include "DataModel.h"
 #include "FileDataSet.h"
-#include "Globals.h"
+#include "Progress.h"
 #include "HostFixture.h"
 #include "TW_Alloc.h"
 #include "Transfer.h"

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "StringUtil.h"
+#include "NumberScan.h"
 
 using namespace corvane::cvnutildataio;
 

@@ -3,6 +3,8 @@
 #include <tuple>
 
 #include "HostFixture.h"
+#include "DataTokenizer.h"
+#include "NumberScan.h"
 #include "StringUtil.h"
 
 using namespace corvane::cvnutildataio;

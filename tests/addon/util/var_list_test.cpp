@@ -3,6 +3,7 @@
 
 #include "HostFixture.h"
 #include "TW_Alloc.h"
+#include "MulDiv.h"
 #include "VarList.h"
 
 using namespace corvane::cvnutildataio;

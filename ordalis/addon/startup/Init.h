@@ -16,7 +16,7 @@ namespace corvane::cvnutildataio {
    is up. */
 Boolean_t QueryQuitCallback(void);
 /* On the quit state change frees the file information, LastUsedConfig and
-   GlobalLineBuffer and clears them; other state changes are ignored. */
+   the line filters' value array; other state changes are ignored. */
 void StateChangeCallback(StateChange_e StateChange, long CallData);
 /* Start-up hook of the dialog builder; does nothing. */
 void InitTGB(void);

@@ -1,5 +1,5 @@
 /*
- * Tokenizer.cpp - TW_strtok, the add-on's one tokeniser: a delimiter kind
+ * DataTokenizer.cpp - TW_strtok, the add-on's one tokeniser: a delimiter kind
  * per call site, fixed-width columns and optionally quoted tokens.
  *
  * Runs once per value of every data file, so the delimiter tests are table
@@ -10,15 +10,16 @@
 #include <cstdint>
 #include <cstring>
 
+#include "DataTokenizer.h"
 #include "StringUtil.h"
 
 namespace corvane::cvnutildataio {
 
 namespace {
 
-constexpr int NumKinds = 6; /* Delimiter_Auto .. Delimiter_Fixed */
+constexpr int NumKinds = sizeof(DelimiterCharacters) / sizeof(DelimiterCharacters[0]);
 
-/* Per delimiter kind (index kind - 1), 256 flags each:
+/* Per delimiter kind (its row of the delimiter table), 256 flags each:
    Delim: the kind's delimiter characters;
    Stop:  what ends an unquoted token in quote mode (delimiters, line feed,
           carriage return and the terminating NUL). */
@@ -30,9 +31,8 @@ struct DelimiterTables {
 constexpr DelimiterTables MakeTables()
 {
     DelimiterTables T{};
-    const char *Chars[NumKinds] = {" \t\n\r,;", "\t", " ", ";", ",", ""};
     for (int K = 0; K < NumKinds; K++) {
-        for (const char *C = Chars[K]; *C; C++)
+        for (const char *C = DelimiterCharacters[K]; *C; C++)
             T.Delim[K][static_cast<unsigned char>(*C)] = true;
         for (int C = 0; C < 256; C++)
             T.Stop[K][C] = T.Delim[K][C];
@@ -141,10 +141,10 @@ char *NextQuotedToken(const bool *Delim, const bool *Stop)
 
 const bool *TW_DelimiterTable(TW_Delimiter_e Kind)
 {
-    int Index = static_cast<int>(Kind) - 1;
-    if (Kind == Delimiter_Fixed || Index < 0 || Index >= NumKinds)
+    int Row = TW_DelimiterRow(Kind);
+    if (Kind == Delimiter_Fixed || Row < 0)
         return nullptr;
-    return Tables.Delim[Index];
+    return Tables.Delim[Row];
 }
 
 /* Next token of Line, or of the saved line when Line is NULL (the saved kind
@@ -164,8 +164,8 @@ char *TW_strtok(char *Line, TW_Delimiter_e Delimiter, int Width, bool HonourQuot
         return nullptr;
     if (SavedKind == Delimiter_Fixed)
         return NextFixedField();
-    int Kind = static_cast<int>(SavedKind) - 1;
-    if (Kind < 0 || Kind >= NumKinds)
+    int Kind = TW_DelimiterRow(SavedKind);
+    if (Kind < 0)
         return nullptr;
     if (HonourQuotes)
         return NextQuotedToken(Tables.Delim[Kind], Tables.Stop[Kind]);

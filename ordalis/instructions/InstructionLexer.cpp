@@ -1,16 +1,18 @@
 /*
- * Tokenizer.cpp - splits instruction text into tokens: words looked up in
+ * InstructionLexer.cpp - splits instruction text into tokens: words looked up in
  * the keyword table, numbers, quoted strings with escapes, number lists,
  * braces and equals signs; comments run from "#" to the end of the line.
  */
-#include "Tokenizer.h"
+#include "InstructionLexer.h"
 
 #include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "NumberScan.h"
+#include "StringUtil.h"
 
 namespace corvane::cvnutildataio {
 
@@ -21,7 +23,8 @@ typedef struct {
     int32_t Id;
 } TW_KeywordRow_s;
 
-/* Every word of the language with its spellings. Looked up in this order,
+/* Every word of the language with its spellings; the words that name a
+   value of an enumeration are spelled by that enumeration's table. Looked up in this order,
    the first row that matches wins; the row with a NULL name ends it. */
 static const TW_KeywordRow_s KeywordTable[] = {
     {"CONFIGFNAME", "CONFIGFILENAME", "CONFIG", Keyword_ConfigFName},
@@ -30,19 +33,19 @@ static const TW_KeywordRow_s KeywordTable[] = {
     {"FILEDESC", NULL, NULL, Keyword_FileDesc},
     {"TITLE", NULL, NULL, Keyword_Title},
     {"SEARCH", NULL, NULL, Keyword_Search},
-    {"NONE", NULL, NULL, Keyword_None},
+    {TW_KeywordOf(SearchModeKeywords, SearchMode_None), NULL, NULL, Keyword_None},
     {"NAME", NULL, NULL, Keyword_Name},
-    {"LINE", NULL, NULL, Keyword_Line},
+    {TW_KeywordOf(SearchModeKeywords, SearchMode_Line), NULL, NULL, Keyword_Line},
     {"DELIMITER", NULL, NULL, Keyword_Delimiter},
     {"FORMAT", NULL, NULL, Keyword_Format},
-    {"IJKBLOCK", "BLOCK", NULL, Keyword_IJKBlock},
-    {"IJKPOINT", "POINT", NULL, Keyword_IJKPoint},
-    {"AUTO", NULL, NULL, Keyword_Auto},
-    {"TAB", NULL, NULL, Keyword_Tab},
-    {"SPACE", NULL, NULL, Keyword_Space},
-    {"SEMICOLON", NULL, NULL, Keyword_Semicolon},
-    {"COMMA", NULL, NULL, Keyword_Comma},
-    {"FIXED", NULL, NULL, Keyword_Fixed},
+    {TW_KeywordOf(DataFormatKeywords, DataFormat_IJKBlock), "BLOCK", NULL, Keyword_IJKBlock},
+    {TW_KeywordOf(DataFormatKeywords, DataFormat_IJKPoint), "POINT", NULL, Keyword_IJKPoint},
+    {TW_KeywordOf(DelimiterKeywords, Delimiter_Auto), NULL, NULL, Keyword_Auto},
+    {TW_KeywordOf(DelimiterKeywords, Delimiter_Tab), NULL, NULL, Keyword_Tab},
+    {TW_KeywordOf(DelimiterKeywords, Delimiter_Space), NULL, NULL, Keyword_Space},
+    {TW_KeywordOf(DelimiterKeywords, Delimiter_Semicolon), NULL, NULL, Keyword_Semicolon},
+    {TW_KeywordOf(DelimiterKeywords, Delimiter_Comma), NULL, NULL, Keyword_Comma},
+    {TW_KeywordOf(DelimiterKeywords, Delimiter_Fixed), NULL, NULL, Keyword_Fixed},
     {"WIDTH", NULL, NULL, Keyword_Width},
     {"VARIABLES", NULL, NULL, Keyword_Variables},
     {"NAMES", NULL, NULL, Keyword_Names},
@@ -54,11 +57,11 @@ static const TW_KeywordRow_s KeywordTable[] = {
     {"IGNORENONNUMERICTOKENS", NULL, NULL, Keyword_IgnoreNonNumericTokens},
     {"IMPORT", NULL, NULL, Keyword_Import},
     {"STARTID", NULL, NULL, Keyword_StartId},
-    {"FIRSTNUMERICLINE", NULL, NULL, Keyword_FirstNumericLine},
-    {"FIRSTNONNUMERICLINE", NULL, NULL, Keyword_FirstNonNumericLine},
-    {"KEYWORD", NULL, NULL, Keyword_Keyword},
+    {TW_KeywordOf(FileMarkerKeywords, FileMarker_FirstNumericLine), NULL, NULL, Keyword_FirstNumericLine},
+    {TW_KeywordOf(FileMarkerKeywords, FileMarker_FirstNonNumericLine), NULL, NULL, Keyword_FirstNonNumericLine},
+    {TW_KeywordOf(SearchModeKeywords, SearchMode_Keyword), NULL, NULL, Keyword_Keyword},
     {"ENDID", NULL, NULL, Keyword_EndId},
-    {"EOF", NULL, NULL, Keyword_EOF},
+    {TW_KeywordOf(FileMarkerKeywords, FileMarker_EOF), NULL, NULL, Keyword_EOF},
     {"DIMENSION", NULL, NULL, Keyword_Dimension},
     {"IMAX", NULL, NULL, Keyword_IMax},
     {"JMAX", NULL, NULL, Keyword_JMax},
@@ -95,6 +98,14 @@ static int32_t LookUpKeyword(const char *Word)
             return Row->Id;
     }
     return Keyword_Unknown;
+}
+
+const char *KeywordName(int32_t Id)
+{
+    for (const TW_KeywordRow_s *Row = KeywordTable; Row->Name != NULL; Row++)
+        if (Row->Id == Id)
+            return Row->Name;
+    return NULL;
 }
 
 static const char *StreamName(const TW_ConfigFileStream_s *S)

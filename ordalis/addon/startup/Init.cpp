@@ -8,10 +8,13 @@
 
 #include <cstdio>
 
-#include "DoubleArray.h"
-#include "Globals.h"
+#include "AddOnHost.h"
+#include "FileInfo.h"
 #include "Instructions.h"
+#include "Library.h"
+#include "LineFilters.h"
 #include "LoaderCallbacks.h"
+#include "LoaderSelected.h"
 #include "MainDialog.h"
 
 #define TW_ADDON_VERSION "1.0.0"
@@ -42,7 +45,7 @@ void StateChangeCallback(StateChange_e StateChange, long CallData)
     CvnUtilLockStart(AddOnID);
     FileInfoDealloc(&GlobalFileInfo);
     ImportInstructionsDealloc(&LastUsedConfig);
-    TW_DoubleArrayDealloc(&GlobalLineBuffer);
+    TW_LineFiltersRelease();
     CvnUtilLockFinish(AddOnID);
 }
 
@@ -97,7 +100,7 @@ extern "C" __attribute__((visibility("default"))) void InitCvnAddOn113(void)
     for (int Entry = 0; Entry < TW_MAX_CONFIGS; Entry++)
         GlobalConfigInfoArray[Entry] = nullptr;
     LastUsedConfig = ImportInstructionsAlloc();
-    GlobalLineBuffer = TW_DoubleArrayAlloc();
+    TW_LineFiltersStart();
     IsWin95 = FALSE;
 
     CvnUtilQuitAddQueryCallback(QueryQuitCallback);

@@ -1,12 +1,12 @@
 /*
- * Tokenizer.h - the instruction-text tokenizer behind the reader: the reader
+ * InstructionLexer.h - the instruction-text lexer behind the reader: the reader
  * state, token codes, keyword ids, Advance and the assignment helpers.
  * Internal to the instructions module.
  *
  * Not re-entrant: Advance reads words into one static buffer.
  */
-#ifndef TW_TOKENIZER_H
-#define TW_TOKENIZER_H
+#ifndef TW_INSTRUCTIONLEXER_H
+#define TW_INSTRUCTIONLEXER_H
 
 #include <cstddef>
 #include <cstdint>
@@ -107,6 +107,10 @@ void InitConfigFileStream(TW_ConfigFileStream_s *S, const char *FileName, const 
    itself (quotes, strings, number lists) are shown as syntax errors; an
    unknown word gives Token_Error silently with KeywordId Keyword_Unknown. */
 TW_Token_e Advance(TW_ConfigFileStream_s *S);
+
+/* The main spelling of the keyword with that id (synonyms are read as
+   it), or NULL for an id no row carries. */
+const char *KeywordName(int32_t Id);
 
 /* Shows Detail in the syntax-error frame, once per read. */
 void ShowSyntaxError(TW_ConfigFileStream_s *S, const char *Detail);
