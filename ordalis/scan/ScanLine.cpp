@@ -393,7 +393,9 @@ static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, int32_t LineN
         KeepTextLine(State, LineNumber, Line);
         return;
     }
-    if (Instr->Dimension.Auto && Instr->CreateMultipleZones && Instr->ZoneKeyword[0] != '\0' &&
+    /* Contained ignoring case, as the other keywords are: an empty zone
+       keyword is found in every line. */
+    if (Instr->Dimension.Auto && Instr->CreateMultipleZones &&
         Str_ustrstr(Line, Instr->ZoneKeyword) != NULL) {
         State->NewZonePending = true;
         KeepTextLine(State, LineNumber, Line);

@@ -103,14 +103,16 @@ static void SelectVariables(TW_FileDataSet_s *DataSet, const TW_Variables_s *Var
 }
 
 /* Explicit sizes: offers to fill each variable that has fewer values than
-   its zone's NumPoints. False when the user declines or filling fails. */
+   its zone's NumPoints. False when the user declines or filling fails. A
+   zone made without its value arrays (out of memory) has nothing to
+   fill. */
 static bool FillMissingValues(TW_FileDataSet_s *DataSet, double BlankValue)
 {
     int ZoneNumber = 1;
     for (TW_ZoneInfo_s *Zone = DataSet->ZoneList; Zone != NULL; Zone = Zone->Next, ZoneNumber++) {
-        for (int32_t Var = 0; Var < Zone->NumVars; Var++) {
+        for (int32_t Var = 0; Zone->VarValues != NULL && Var < Zone->NumVars; Var++) {
             TW_DoubleArray_s *Array = Zone->VarValues[Var];
-            if (Array->Count >= Zone->NumPoints)
+            if (Array == NULL || Array->Count >= Zone->NumPoints)
                 continue;
             char Question[TW_FILL_QUESTION_LENGTH + 1];
             const char *Name = Var < DataSet->NumVars ? DataSet->VarList[Var].Name : "";
@@ -248,8 +250,12 @@ static bool FinishScan(TW_ScanState_s *State, bool Cancelled)
 
     if (GoOn && DataSet->NumVars > 0)
         SelectVariables(DataSet, &Instr->Variables);
-    if (GoOn && State->ReadData && !Instr->Dimension.Auto)
-        GoOn = FillMissingValues(DataSet, State->BlankValue);
+    /* Missing values are offered for filling whatever ended the reading,
+       a failure or a cancel included; the scan fails afterwards all the
+       same. */
+    if (State->ReadData && !Instr->Dimension.Auto &&
+        !FillMissingValues(DataSet, State->BlankValue))
+        GoOn = false;
     if (!GoOn)
         return false;
 

@@ -292,3 +292,26 @@ TEST_F(ScanTest, EveryAllocationFailureIsReportedAndReleased)
 }
 
 } // namespace
+
+TEST_F(ScanTest, MissingValuesAreOfferedForFillingEvenAfterAFailure)
+{
+    names("x,y");
+    set("DATA { IGNORENONNUMERICTOKENS = FALSE DIMENSION { AUTO = FALSE IMAX = 3 } }");
+    EXPECT_FALSE(scan("1 2\nabc\n3 4\n")); /* every question answered No */
+    EXPECT_EQ(ui().messages(),
+              (Texts{"Possible malformed numeric data values were found on line 2\nPlease check "
+                     "this line of the file to be sure that numeric data is of the correct "
+                     "form.\nDo you want to continue processing this line?",
+                     "Non-numeric data found on line 2. Do you wish to continue reading the file?",
+                     "In zone 1, variable \"x\", only 1 values were found, when 3 were expected. "
+                     "Would you like to fill the remaining values with 0.0?"}));
+    EXPECT_EQ(data, nullptr);
+}
+
+TEST_F(ScanTest, EmptyZoneKeywordIsFoundInEveryLine)
+{
+    names("x,y");
+    set("DATA { DIMENSION { CREATEMULTIPLEZONES = TRUE } }");
+    EXPECT_FALSE(scan("1 2\n3 4\n"));
+    EXPECT_EQ(ui().errors(), (Texts{"No numeric data was found in this file."}));
+}
