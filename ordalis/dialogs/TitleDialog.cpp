@@ -77,7 +77,8 @@ void RefreshDialog3Sensitivities()
 static void Dialog3Init_CB(void)
 {
     const TW_ConfigInstructions_s *Current = GetCurConfigPtr();
-    CvnGUIRadioBoxSetSelectedOption(Title_RADIO_D3, RadioItemOfSearchMode(Current->TitleSearchMode));
+    CvnGUIRadioBoxSetSelectedOption(Title_RADIO_D3,
+                                    RadioItemOfSearchMode(Current->TitleSearchMode));
     CvnGUITextFieldSetString(Title_TF_D3, Current->TitleName);
     CvnGUITextFieldSetLgIndex(LineNumber_TF_D3, Current->TitleLine, FALSE);
     CvnGUITextFieldSetString(Keyword_TF_D3, Current->TitleKeyword);
@@ -92,7 +93,8 @@ static void Dialog3Init_CB(void)
 static void Dialog3OkButton_CB(void)
 {
     TW_ConfigInstructions_s *Current = GetCurConfigPtr();
-    Current->TitleSearchMode = SearchModeOfRadioItem(CvnGUIRadioBoxGetSelectedOption(Title_RADIO_D3));
+    Current->TitleSearchMode =
+        SearchModeOfRadioItem(CvnGUIRadioBoxGetSelectedOption(Title_RADIO_D3));
     TW_GetFieldText(Title_TF_D3, Current->TitleName, 1024);
     TW_GetValidInteger(LineNumber_TF_D3, "Line Number", 1, TW_MAX_INT32, &Current->TitleLine);
     TW_GetFieldText(Keyword_TF_D3, Current->TitleKeyword, 257);
