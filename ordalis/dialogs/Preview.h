@@ -27,6 +27,8 @@ extern int32_t ViewOptionsDialog_Show;       /* 1 names and data, 2 names, 3 oth
 extern int32_t ViewOptionsDialog_ShowFormat; /* 1 columns, 2 blocks */
 /* The main dialog's view: 1 = raw data, 2 = processed data. */
 extern int32_t MainDialog_ViewData;
+/* The main dialog's preview text; CVNGUI_BAD_ID until dialog 1 is built. */
+extern LgIndex_t Preview_T_D1;
 
 /* LimitLines when Limit is 1, else 0 (no limit). */
 int32_t TW_EffectiveLimit();
