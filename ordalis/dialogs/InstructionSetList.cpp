@@ -81,7 +81,8 @@ static void AttachToFile(TW_ConfigInstructions_s *Set, const char *Path)
     char Ext[256];
     TW_splitpath(Path, nullptr, nullptr, Name, Ext);
     TW_Strncpy(Set->FilePath, Path, sizeof(Set->FilePath));
-    snprintf(Set->DisplayName, sizeof(Set->DisplayName), "%s%s", Name, Ext);
+    /* Each part of a split path holds at most 255 characters. */
+    snprintf(Set->DisplayName, sizeof(Set->DisplayName), "%.255s%.255s", Name, Ext);
     Set->IsModified = false;
     Set->IsNew = false;
 }
