@@ -40,7 +40,7 @@ typedef struct {
     TW_Variable_s *VarList;
     int32_t MaxTextLineNumber;
     TW_TextLine_s *RawLineList;
-    int32_t TotalLines; /* lines read by the scan (preview number width) */
+    int32_t TotalLines; /* lines read by the scan */
     int32_t State;      /* 4 at creation */
     bool NeedsRescan;
 } TW_FileDataSet_s;

@@ -7,6 +7,7 @@
 
 #include "AddOns.h"
 #include "DataModel.h"
+#include "Gui.h"
 #include "AddOnHost.h"
 #include "FileInfo.h"
 #include "LineFilters.h"
@@ -51,8 +52,10 @@ protected:
     {
         using namespace corvane::cvnutildataio;
         TW_AllocFailAt(0);
+        /* Cancel gives back the lock the dialog holds while it is up. */
         if (CvnGUIDialogIsUp(Dialog1Manager))
-            CvnGUIDialogDrop(Dialog1Manager);
+            corvane::host::gui::pressDialogButton(Dialog1Manager,
+                                                  corvane::host::gui::DialogButton::cancel);
         ClearInstructionSetArray(false);
         StateChangeCallback(StateChange_Quit, 0);
         corvane::host::resetAddOns();

@@ -51,8 +51,7 @@ TEST_F(LoaderTest, StartUpRegistersOnRecentHostsAndQuitWaitsForTheDialog)
     EXPECT_FALSE(host::quit());
     StateChangeCallback(StateChange_NewLayout, 0);
     EXPECT_TRUE(LastUsedConfig != nullptr && GlobalFileInfo != nullptr);
-    CvnGUIDialogDrop(Dialog1Manager);
-    ClearInstructionSetArray(false);
+    ASSERT_TRUE(host::gui::pressDialogButton(Dialog1Manager, host::gui::DialogButton::cancel));
     EXPECT_TRUE(host::quit());
     EXPECT_EQ(LastUsedConfig, nullptr);
     EXPECT_EQ(GlobalFileInfo, nullptr);
@@ -174,8 +173,7 @@ TEST_F(LoaderTest, SelectingTheLoaderPreparesTheDialog)
                      GlobalConfigInfoArray[1]->TitleName}),
               Texts({"<untitled>", "<untitled>", "Last used", "One"}));
     EXPECT_TRUE(untitled->IsModified && GetCurConfigPtr() == untitled);
-    CvnGUIDialogDrop(Dialog1Manager);
-    ClearInstructionSetArray(false);
+    ASSERT_TRUE(host::gui::pressDialogButton(Dialog1Manager, host::gui::DialogButton::cancel));
 
     /* The previous data file has gone: no dialog, nothing left behind. */
     ASSERT_TRUE(host::selectLoader("Ordalis Loader", {path("gone.txt"), instructions("T")}));

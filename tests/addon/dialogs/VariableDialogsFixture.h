@@ -14,13 +14,6 @@ protected:
     using Texts = std::vector<std::string>;
     using Members = std::vector<LgIndex_t>;
 
-    void TearDown() override
-    {
-        /* The main dialog, which would release the scan, is not driven here. */
-        corvane::cvnutildataio::ReleaseFileData(&corvane::cvnutildataio::GlobalFileData);
-        DialogTest::TearDown();
-    }
-
     /* The loader picked, a data file chosen (when given), then dialog 4. */
     void openVariables(const std::string &dataFile = "")
     {
