@@ -124,10 +124,11 @@ TEST(RealData, InstructionSetsReadTheRealFiles)
     };
     for (const auto &c : cases) {
         ScratchDir scratch;
-        Result run = runCorvane({"load", (realDataDir / c.file).string(), "--set",
-                                 std::string("realdata/") + c.set, "-o",
+        /* From the top of the repository, as the README runs them. */
+        Result run = runCorvane({"load", std::string("tests/data/realdata/") + c.file, "--set",
+                                 std::string("examples/realdata/") + c.set, "-o",
                                  (scratch / "out.json").string()},
-                                examplesDir);
+                                sourceDir);
         ASSERT_EQ(run.status, 0) << c.file << ": " << run.err;
         json doc = json::parse(readFile(scratch / "out.json"));
         EXPECT_EQ(doc["title"], c.title);

@@ -16,7 +16,8 @@
 
 namespace testfiles {
 
-inline const fs::path examplesDir = fs::path(ORDALIS_SOURCE_DIR) / "examples";
+inline const fs::path sourceDir = ORDALIS_SOURCE_DIR; /* the top of the repository */
+inline const fs::path examplesDir = sourceDir / "examples";
 inline const fs::path realDataDir = ORDALIS_REALDATA_DIR;
 inline const fs::path expectedDir = fs::path(ORDALIS_SOURCE_DIR) / "tests" / "e2e" / "expected";
 
