@@ -8,9 +8,14 @@ using DoubleArrayTest = HostTest;
 
 TEST_F(DoubleArrayTest, GrowsByOneStepRightAfterEachMultipleOfTheStep)
 {
-    TW_DoubleArray_s *Array = TW_DoubleArrayAlloc();
-    for (int Round = 0; Round < 2; Round++) { /* a new array, then an emptied one */
-        TW_AllocFailAt(0);                   /* counts allocations from here */
+    for (bool Emptied : {false, true}) {
+        SCOPED_TRACE(Emptied ? "an emptied array" : "a new array");
+        TW_DoubleArray_s *Array = TW_DoubleArrayAlloc();
+        if (Emptied) {
+            ASSERT_TRUE(TW_DoubleArrayFill(Array, 9000, 1.0));
+            TW_DoubleArrayRemoveAll(Array);
+        }
+        TW_AllocFailAt(0); /* counts allocations from here */
         ASSERT_TRUE(TW_DoubleArrayFill(Array, 7918, 0.5));
         ASSERT_TRUE(TW_DoubleArrayAdd(Array, -1.0));
         ASSERT_TRUE(TW_DoubleArrayFill(Array, 7918, 2.0)); /* room for 15838 */
@@ -22,27 +27,44 @@ TEST_F(DoubleArrayTest, GrowsByOneStepRightAfterEachMultipleOfTheStep)
         EXPECT_EQ(std::vector<double>({V[7917], V[7918], V[15837], V[19999]}),
                   std::vector<double>({0.5, -1.0, 3.0, 4.0}));
         EXPECT_EQ(TW_DoubleArrayGetSize(Array), 20000);
-        TW_DoubleArrayRemoveAll(Array);
+        TW_DoubleArrayDealloc(&Array);
+        EXPECT_EQ(Array, nullptr);
     }
-    TW_DoubleArrayDealloc(&Array);
-    EXPECT_EQ(Array, nullptr);
 }
 
-TEST_F(DoubleArrayTest, EveryAllocationFailureIsReportedOnceAndLeavesNothing)
+TEST_F(DoubleArrayTest, MakingAnArrayFailsAtTheRecordOrItsBuffer)
 {
-    for (long N = 1; N <= 2; N++) { /* the record, then its buffer */
+    for (long N = 1; N <= 2; N++) {
+        ui().clearTranscript();
         TW_AllocFailAt(N);
-        EXPECT_EQ(TW_DoubleArrayAlloc(), nullptr);
+        EXPECT_EQ(TW_DoubleArrayAlloc(), nullptr) << "allocation " << N;
+        EXPECT_EQ(ui().errors(), std::vector<std::string>{"Out of memory"}) << "allocation " << N;
     }
-    TW_DoubleArray_s *Array = TW_DoubleArrayAlloc();
-    ASSERT_TRUE(TW_DoubleArrayFill(Array, 7918, 2.0));
-    TW_AllocFailAt(1); /* a failed growth */
-    EXPECT_FALSE(TW_DoubleArrayAdd(Array, 9.0));
-    TW_DoubleArrayRemoveAll(Array);
-    TW_AllocFailAt(1); /* a fill keeps the values before its failed growth */
-    EXPECT_FALSE(TW_DoubleArrayFill(Array, 10000, 4.0));
-    EXPECT_EQ(TW_DoubleArrayGetSize(Array), 7918);
-    TW_AllocFailAt(1); /* emptying without a fresh buffer releases the record */
-    TW_DoubleArrayRemoveAll(Array);
-    EXPECT_EQ(ui().errors(), std::vector<std::string>(5, "Out of memory"));
+}
+
+/* The next allocation fails: an add takes its value back, a fill keeps the
+   values stored before its failed growth, and emptying without a fresh
+   buffer releases the record (the leak check sees it). */
+TEST_F(DoubleArrayTest, AFailedGrowthIsReportedOnceAndKeepsTheValuesBeforeIt)
+{
+    struct { std::string_view Step; int32_t Before, After; } Rows[] = {
+        {"add", 7918, 7918}, {"fill", 0, 7918}, {"empty", 7918, -1}};
+    for (const auto &R : Rows) {
+        ui().clearTranscript();
+        TW_DoubleArray_s *Array = TW_DoubleArrayAlloc();
+        ASSERT_TRUE(TW_DoubleArrayFill(Array, R.Before, 2.0));
+        TW_AllocFailAt(1);
+        if (R.Step == "add")
+            EXPECT_FALSE(TW_DoubleArrayAdd(Array, 4.0));
+        else if (R.Step == "fill")
+            EXPECT_FALSE(TW_DoubleArrayFill(Array, 10000, 4.0));
+        else
+            TW_DoubleArrayRemoveAll(Array);
+        EXPECT_EQ(ui().errors(), std::vector<std::string>{"Out of memory"}) << R.Step;
+        if (R.After < 0)
+            continue;
+        EXPECT_EQ(TW_DoubleArrayGetSize(Array), R.After) << R.Step;
+        EXPECT_EQ(TW_DoubleArrayGetArray(Array)[R.After - 1], R.Before ? 2.0 : 4.0) << R.Step;
+        TW_DoubleArrayDealloc(&Array);
+    }
 }

@@ -37,12 +37,17 @@ TEST(TokenizerTest, SplitsEachDelimiterKindAsSpecified)
         EXPECT_EQ(Tokens(R.Line, R.Kind, R.Width, R.Quotes), R.Tokens) << "[" << R.Line << "]";
 }
 
-TEST_F(StringUtilTest, ComparesScansSplitsTrimsCropsAndGrowsHostStrings)
+TEST_F(StringUtilTest, ComparesIgnoringCase)
 {
     EXPECT_EQ(Str_ustrncmp("aBc", "ABD", 2), 0);
     EXPECT_EQ(Str_ustrncmp("ab", "a", 5), 'B');
     EXPECT_EQ(Str_ustrcmp(nullptr, "a"), -1);
     EXPECT_NE(Str_ustrstr("a Title", "TITLE"), nullptr);
+}
+
+/* Whether it scanned, the value, and where the cursor ends. */
+TEST_F(StringUtilTest, ScansIndices)
+{
     for (const auto &[Text, Expected] : {std::pair{" \t-7x", "1 -7 [x]"}, {"+5", "0 0 [+5]"},
                                          {"9999999999]", "1 9999999999 []]"},
                                          {"12345678901", "0 0 [1]"}}) {
@@ -51,16 +56,30 @@ TEST_F(StringUtilTest, ComparesScansSplitsTrimsCropsAndGrowsHostStrings)
         bool Ok = Str_ScanForLgIndex(&Cursor, &Value);
         EXPECT_EQ(std::to_string(Ok) + " " + std::to_string(Value) + " [" + Cursor + "]", Expected);
     }
+}
+
+TEST_F(StringUtilTest, SplitsPathsCuttingPartsAt255)
+{
     char Drive[256], Dir[256], Name[256], Ext[256];
     TW_splitpath(("C:\\a.b\\x." + std::string(300, 'n') + ".txt").c_str(), Drive, Dir, Name, Ext);
     EXPECT_EQ(Strings({Drive, Dir, Name, Ext}),
               Strings({"C:", "\\a.b\\", "x." + std::string(253, 'n'), ".txt"}));
+}
 
-    TW_Strcpy(Name, "  Title \t");
-    EXPECT_STREQ(Name, "Title");
-    corvane::host::failHostAllocationAt(1); /* no trimmed copy: copied as is */
-    TW_Strcpy(Name, "  Title ");
-    EXPECT_STREQ(Name, "  Title ");
+/* Without a host string for the trimmed copy the text is copied as it is. */
+TEST_F(StringUtilTest, CopiesTrimmed)
+{
+    for (long Fail : {0, 1}) {
+        char Name[16];
+        corvane::host::failHostAllocationAt(Fail);
+        TW_Strcpy(Name, "  Title \t");
+        EXPECT_STREQ(Name, Fail ? "  Title \t" : "Title");
+    }
+    EXPECT_EQ(hostObjectsMade(), 0);
+}
+
+TEST_F(StringUtilTest, CropsFileNames)
+{
     for (const auto &[File, Max, Expected] :
          {std::tuple{"abcdefghijkl", 5, ""}, {"/a/verylongfilename_here.txt", 10, "...ere.txt"},
           {"/home/user/data/file.txt", 20, "/home/u.../file.txt"}}) {
@@ -69,15 +88,34 @@ TEST_F(StringUtilTest, ComparesScansSplitsTrimsCropsAndGrowsHostStrings)
         EXPECT_STREQ(Cropped, Expected) << File;
         CvnUtilStringDealloc(&Cropped);
     }
+    EXPECT_EQ(hostObjectsMade(), 0);
+}
+
+TEST_F(StringUtilTest, TacksOnAndReplacesHostStrings)
+{
     char *Text = nullptr;
     Str_TackOnString(&Text, "VERSION=100 ");
     Str_TackOnString(&Text, "TITLE");
     EXPECT_STREQ(Text, "VERSION=100 TITLE");
-    corvane::host::failHostAllocationAt(1); /* the old string goes all the same */
-    Str_TackOnString(&Text, "{");
     EXPECT_TRUE(Str_ReplaceString(&Text, "first"));
+    EXPECT_STREQ(Text, "first");
     EXPECT_TRUE(Str_ReplaceString(&Text, nullptr));
-    corvane::host::failHostAllocationAt(1);
-    EXPECT_FALSE(Str_ReplaceString(&Text, "second"));
+    EXPECT_EQ(Text, nullptr);
     EXPECT_EQ(hostObjectsMade(), 0);
+}
+
+/* Without the new host string the old one goes all the same. */
+TEST_F(StringUtilTest, FailedTackOnOrReplaceLeavesNoString)
+{
+    for (bool Replace : {false, true}) {
+        char *Text = nullptr;
+        Str_TackOnString(&Text, "old");
+        corvane::host::failHostAllocationAt(1);
+        if (Replace)
+            EXPECT_FALSE(Str_ReplaceString(&Text, "second"));
+        else
+            Str_TackOnString(&Text, "{");
+        EXPECT_EQ(Text, nullptr) << Replace;
+        EXPECT_EQ(hostObjectsMade(), 0) << Replace;
+    }
 }
