@@ -10,18 +10,26 @@ using RecordTest = HostTest;
 static const char *const RecordMessage =
     "Out of memory. Unable to allocate import parameters structure";
 
-TEST_F(RecordTest, ResetsAndCopiesKeepingTheDestinationsPlaceAndSetObject)
+/* A reset after the heap parts went is a new record, not modified. */
+TEST_F(RecordTest, ResetGivesANewRecord)
 {
-    Record Source = NewRecord(), Dest = NewRecord(), Empty = NewRecord();
-    TW_ConfigInstructions_s Fresh; /* a reset after the heap parts went is a new record */
+    Record Source = NewRecord();
+    TW_ConfigInstructions_s Fresh;
     memcpy(&Fresh, Source.get(), sizeof Fresh);
     strcpy(Source->TitleName, "Changed");
     CvnUtilSetDealloc(&Source->Variables.LoadedVars);
     SetConfigToDefault(Source.get());
     Fresh.Variables.LoadedVars = Source->Variables.LoadedVars;
     EXPECT_EQ(memcmp(&Fresh, Source.get(), sizeof Fresh), 0);
-    EXPECT_TRUE(Source->IsNew && !Source->IsModified);
+    EXPECT_TRUE(Source->IsNew);
+    EXPECT_FALSE(Source->IsModified);
+}
 
+/* Title "Run 7" (untrimmed), names X and Y, end line 4, member 2 and three
+   names that are not trimmed. */
+static Record Probe()
+{
+    Record Source = NewRecord();
     strcpy(Source->TitleName, " Run 7\t");
     SetNames(&Source->Variables, {"X", "Y"});
     Source->Variables.EndLine = 4;
@@ -29,33 +37,69 @@ TEST_F(RecordTest, ResetsAndCopiesKeepingTheDestinationsPlaceAndSetObject)
     strcpy(Source->GlobalFilters.Comment, " %");
     strcpy(Source->ConfigFileName, " /lib/probe.twc");
     strcpy(Source->FilePath, "/lib/probe.twc");
+    return Source;
+}
+
+TEST_F(RecordTest, CopyKeepsTheDestinationsPlaceAndSetObject)
+{
+    Record Source = Probe(), Dest = NewRecord();
     TW_ConfigInstructions_s *D = Dest.get();
     Set_s *DestSet = D->Variables.LoadedVars;
     CvnUtilSetAddMember(DestSet, 9, TRUE);
     CopyInstructionSet(&D, Source.get());
-    CopyInstructionSet(&D, D); /* onto itself: unchanged */
+    EXPECT_EQ(D, Dest.get());
     EXPECT_EQ(Strings({D->TitleName, D->GlobalFilters.Comment, D->ConfigFileName, D->FilePath}),
               Strings({"Run 7", " %", " /lib/probe.twc", "<untitled>"}));
     EXPECT_EQ(Names(D->Variables), Strings({"X", "Y"}));
-    EXPECT_TRUE(D->Variables.EndLine == 4 && D->Variables.LoadedVars == DestSet);
+    EXPECT_EQ(D->Variables.EndLine, 4);
+    EXPECT_EQ(D->Variables.LoadedVars, DestSet);
     EXPECT_EQ(Members(DestSet), Longs{2});
+}
 
-    /* From a source without names the variables copy keeps the names and
-       adds members; the record copy drops the names and replaces members. */
+TEST_F(RecordTest, CopyOntoItselfChangesNothing)
+{
+    Record Source = Probe();
+    TW_ConfigInstructions_s *S = Source.get();
+    Set_s *Set = S->Variables.LoadedVars;
+    const std::string Before = Print(S, false);
+    CopyInstructionSet(&S, S);
+    EXPECT_EQ(S, Source.get());
+    EXPECT_EQ(Print(S, false), Before);
+    EXPECT_STREQ(S->TitleName, " Run 7\t");
+    EXPECT_EQ(S->Variables.LoadedVars, Set);
+    EXPECT_EQ(Members(Set), Longs{2});
+}
+
+/* From a source without names the variables copy keeps the names and adds
+   members; the record copy drops the names and replaces members. */
+TEST_F(RecordTest, CopiesFromASourceWithoutNames)
+{
+    Record Empty = NewRecord();
     CvnUtilSetAddMember(Empty->Variables.LoadedVars, 3, TRUE);
-    CopyVarInfo(&D->Variables, &Empty->Variables);
-    EXPECT_EQ(Names(D->Variables), Strings({"X", "Y"}));
-    EXPECT_EQ(Members(DestSet), Longs({2, 3}));
-    CopyInstructionSet(&D, Empty.get());
-    EXPECT_EQ(Names(D->Variables), Strings{});
-    EXPECT_EQ(Members(DestSet), Longs{3});
+    for (bool Whole : {false, true}) {
+        Record Dest = Probe();
+        TW_ConfigInstructions_s *D = Dest.get();
+        if (Whole)
+            CopyInstructionSet(&D, Empty.get());
+        else
+            CopyVarInfo(&D->Variables, &Empty->Variables);
+        EXPECT_EQ(Names(D->Variables), Whole ? Strings{} : Strings({"X", "Y"})) << Whole;
+        EXPECT_EQ(Members(D->Variables.LoadedVars), Whole ? Longs{3} : Longs({2, 3})) << Whole;
+    }
+}
+
+TEST_F(RecordTest, VariablesCopiedIntoASeparateRecordGetTheirOwnSet)
+{
+    Record Source = Probe();
     auto *Vars = static_cast<TW_Variables_s *>(TW_Calloc(1, sizeof(TW_Variables_s)));
-    CopyVarInfo(Vars, &Source->Variables); /* a separate record gets its own set */
+    CopyVarInfo(Vars, &Source->Variables);
+    EXPECT_NE(Vars->LoadedVars, Source->Variables.LoadedVars);
     EXPECT_EQ(Members(Vars->LoadedVars), Longs{2});
+    EXPECT_EQ(Names(*Vars), Strings({"X", "Y"}));
     VariablesDealloc(&Vars);
 }
 
-TEST_F(RecordTest, EveryAllocationFailureIsReportedAndLeavesNothing)
+TEST_F(RecordTest, EveryAllocationFailureOfACopyIsReportedAndLeavesNothing)
 {
     Record Source = NewRecord();
     SetNames(&Source->Variables, {"X", "Y"});
@@ -76,21 +120,40 @@ TEST_F(RecordTest, EveryAllocationFailureIsReportedAndLeavesNothing)
         ImportInstructionsDealloc(&Dest);
         EXPECT_EQ(hostObjectsMade(), 1) << Host << N; /* Source's set */
     }
+}
+
+TEST_F(RecordTest, AVariablesCopyWithoutItsSetKeepsTheNames)
+{
+    Record Source = NewRecord();
+    SetNames(&Source->Variables, {"X", "Y"});
     TW_Variables_s Vars{};
     corvane::host::failHostAllocationAt(1);
     CopyVarInfo(&Vars, &Source->Variables);
-    EXPECT_TRUE(Vars.LoadedVars == nullptr && Vars.NumNames == 2);
+    EXPECT_EQ(ui().errors(), Strings{"Out of memory"});
+    EXPECT_EQ(Vars.LoadedVars, nullptr);
+    EXPECT_EQ(Vars.NumNames, 2);
     TW_Free(Vars.Names);
+}
 
-    /* A record reset without a set, then copied onto: each set it cannot get
-       is one more message. */
-    TW_ConfigInstructions_s *Reset = static_cast<TW_ConfigInstructions_s *>(
-        TW_Malloc(sizeof(TW_ConfigInstructions_s)));
-    corvane::host::failHostAllocationAt(1);
-    SetConfigToDefault(Reset);
-    EXPECT_TRUE(Reset->Variables.LoadedVars == nullptr && Reset->Variables.NumNames == 0);
-    corvane::host::failHostAllocationAt(5); /* after the four trimmed texts */
-    CopyInstructionSet(&Reset, Source.get());
-    EXPECT_EQ(ui().errors(), Strings(3, "Out of memory"));
-    ImportInstructionsDealloc(&Reset);
+/* A record reset without a set, then copied onto: each set it cannot get is
+   one more message. */
+TEST_F(RecordTest, ARecordResetWithoutASetSaysSoAtTheResetAndAtACopy)
+{
+    Record Source = NewRecord();
+    SetNames(&Source->Variables, {"X", "Y"});
+    for (bool Copy : {false, true}) {
+        ui().clearTranscript();
+        TW_ConfigInstructions_s *Reset = static_cast<TW_ConfigInstructions_s *>(
+            TW_Malloc(sizeof(TW_ConfigInstructions_s)));
+        corvane::host::failHostAllocationAt(1);
+        SetConfigToDefault(Reset);
+        EXPECT_EQ(Reset->Variables.LoadedVars, nullptr);
+        EXPECT_EQ(Reset->Variables.NumNames, 0);
+        if (Copy) {
+            corvane::host::failHostAllocationAt(5); /* after the four trimmed texts */
+            CopyInstructionSet(&Reset, Source.get());
+        }
+        EXPECT_EQ(ui().errors(), Strings(Copy ? 2 : 1, "Out of memory")) << Copy;
+        ImportInstructionsDealloc(&Reset);
+    }
 }

@@ -55,28 +55,40 @@ Record MarkerRecord()
 
 using WriterTest = HostTest;
 
-TEST_F(WriterTest, SavedNewRecordMatchesGoldenFileAndReferencesStandAlone)
+static std::string Golden()
 {
-    Record Rec = NewRecord();
-    const std::string Golden =
-        readFile(ORDALIS_SOURCE_DIR "/tests/addon/instructions/golden/new_record.twc");
+    return readFile(ORDALIS_SOURCE_DIR "/tests/addon/instructions/golden/new_record.twc");
+}
+
+TEST_F(WriterTest, SavedNewRecordMatchesGoldenFile)
+{
     ScratchDir Dir;
     std::string Path = Dir / "new.twc";
-    ASSERT_TRUE(SaveConfigFile(Path.c_str(), Rec.get()));
-    EXPECT_EQ(readFile(Path), Golden);
-    Path = Dir / "missing/dir/set.twc";
-    EXPECT_FALSE(SaveConfigFile(Path.c_str(), Rec.get()));
+    ASSERT_TRUE(SaveConfigFile(Path.c_str(), NewRecord().get()));
+    EXPECT_EQ(readFile(Path), Golden());
+    EXPECT_TRUE(ui().transcript().empty());
+}
+
+TEST_F(WriterTest, SavingIntoAMissingFolderFails)
+{
+    ScratchDir Dir;
+    std::string Path = Dir / "missing/dir/set.twc";
+    EXPECT_FALSE(SaveConfigFile(Path.c_str(), NewRecord().get()));
     EXPECT_EQ(ui().errors(), Strings{"Unable to open file \"" + Path +
                                      "\" for reading.\nCheck disk space or permissions"});
+}
 
-    /* A reference is written between the golden file's banners, alone. */
-    Rec = FullRecord();
+/* A reference is written between the golden file's banners, alone. */
+TEST_F(WriterTest, AReferenceIsWrittenAlone)
+{
+    Record Rec = FullRecord();
     strcpy(Rec->ConfigFileName, "/lib/a \"b\".twc");
     EXPECT_EQ(Print(Rec.get(), true), R"(CONFIGFNAME="/lib/a \"b\".twc" )");
+    const std::string Banners = Golden();
     EXPECT_EQ(Print(Rec.get(), false),
-              Golden.substr(0, Golden.find("VERSION")) +
+              Banners.substr(0, Banners.find("VERSION")) +
                   R"(CONFIGFNAME = "/lib/a \"b\".twc" # Config file settings will be read )"
-                  "from this file.\n" + Golden.substr(Golden.find("# End of file") - 56));
+                  "from this file.\n" + Banners.substr(Banners.find("# End of file") - 56));
 }
 
 TEST_F(WriterTest, CompactLayoutRunsAssignmentsTogether)
@@ -97,7 +109,7 @@ TEST_F(WriterTest, CompactLayoutRunsAssignmentsTogether)
               "ROWS=[2-end] USEBLANKCELLVALUE=TRUE BLANKCELLVALUE=-999.500000 }\n");
 }
 
-TEST_F(WriterTest, FileLayoutIndentsEveryBlockAndWritesBadValuesAsTheyStand)
+TEST_F(WriterTest, FileLayoutIndentsEveryBlock)
 {
     std::string Text = Print(FullRecord().get(), false);
     const char *Blocks[] = {
@@ -112,17 +124,24 @@ TEST_F(WriterTest, FileLayoutIndentsEveryBlockAndWritesBadValuesAsTheyStand)
     };
     for (const char *Block : Blocks)
         EXPECT_NE(Text.find(Block), std::string::npos) << "missing block:\n" << Block;
-    Text = Print(MarkerRecord().get(), false); /* IMAX of 1 is never written */
-    EXPECT_NE(Text.find("   AUTO = TRUE \n   JMAX = 5 \n   CREATEMULTIPLEZONES"),
-              std::string::npos);
+}
 
-    /* A name holding a comma is not escaped, so it reads back as two; reading
-       stops at the "# error" delimiter, after the names. */
+TEST_F(WriterTest, AnIMaxOfOneIsNeverWritten)
+{
+    EXPECT_NE(Print(MarkerRecord().get(), false)
+                  .find("   AUTO = TRUE \n   JMAX = 5 \n   CREATEMULTIPLEZONES"),
+              std::string::npos);
+}
+
+/* A name holding a comma is not escaped, so it reads back as two; reading
+   stops at the "# error" delimiter, after the names. */
+TEST_F(WriterTest, BadValuesAreWrittenAsTheyStand)
+{
     Record Rec = NewRecord();
     Rec->DataDelimiter = (TW_Delimiter_e)0;
     Rec->Format = DataFormat_FEPoint;
     SetNames(&Rec->Variables, {"p,q", "r"});
-    Text = Print(Rec.get(), false);
+    std::string Text = Print(Rec.get(), false);
     EXPECT_NE(Text.find("  FORMAT = FEPOINT \n  DELIMITER = # error \n"), std::string::npos);
     EXPECT_NE(Text.find(" NAMES = \"p,q,r\" \n\n"), std::string::npos);
     EXPECT_EQ(Names(Scan(Text)->Variables), Strings({"p", "q", "r"}));
@@ -131,8 +150,11 @@ TEST_F(WriterTest, FileLayoutIndentsEveryBlockAndWritesBadValuesAsTheyStand)
 /* What is read back prints as the source did. */
 TEST_F(WriterTest, FileAndCompactLayoutsReadBack)
 {
-    ScratchDir Dir;
-    for (Record (*Make)() : {NewRecord, FullRecord, MarkerRecord}) {
+    const std::pair<const char *, Record (*)()> Records[] = {
+        {"new", NewRecord}, {"full", FullRecord}, {"markers", MarkerRecord}};
+    for (const auto &[Name, Make] : Records) {
+        SCOPED_TRACE(Name);
+        ScratchDir Dir;
         Record Source = Make();
         std::string Path = Dir / "set.twc";
         ASSERT_TRUE(SaveConfigFile(Path.c_str(), Source.get()));
