@@ -24,11 +24,18 @@ protected:
 
     void SetUp() override
     {
-        instr = tw::ImportInstructionsAlloc(); /* its set is not the scan's to release */
+        newInstructions(); /* its set is not the scan's to release */
         HostTest::SetUp();
+        tw::GlobalCancelled = FALSE;
+    }
+
+    /* Replaces instr by a new set reading from the first numeric line to the end. */
+    void newInstructions()
+    {
+        tw::ImportInstructionsDealloc(&instr);
+        instr = tw::ImportInstructionsAlloc();
         instr->StartId.Marker = tw::FileMarker_FirstNumericLine;
         instr->EndId.Marker = tw::FileMarker_EOF;
-        tw::GlobalCancelled = FALSE;
     }
 
     void TearDown() override

@@ -27,28 +27,57 @@ TEST_F(DataSetTest, ZonesAreNumberedAndSizedAndReleasedUnderABoxWithoutCancel)
                            {1, 1, 1, 123456789}, {10, 5, 1, 50}, {1, 1, 1, 1}}));
     EXPECT_EQ(Texts({zone(0)->ZoneName, zone(1)->ZoneName, zone(2)->ZoneName}),
               Texts({"Zone 1", "Zone 2", "Zone 3"}));
-    EXPECT_TRUE(counter == 4 && last == zone(2) && zone(2)->VarValues == nullptr);
+    EXPECT_EQ(counter, 4);
+    EXPECT_EQ(last, zone(2));
+    EXPECT_EQ(zone(2)->VarValues, nullptr);
     tw::ReleaseFileData(&data);
     EXPECT_EQ(ui().transcript(),
               (std::vector<UiEvent>{{UiEvent::Kind::progress, "", "Releasing memory...", "", false},
                                     {UiEvent::Kind::progressEnd, "", "", "", false}}));
 }
 
-TEST_F(DataSetTest, AllocationFailuresAreReportedAndLeaveNothingBehind)
+TEST_F(DataSetTest, WithoutItsRecordThereIsNoDataSet)
 {
     tw::TW_AllocFailAt(1);
     EXPECT_EQ(tw::FileDataSetAlloc(), nullptr);
-    data = tw::FileDataSetAlloc();
-    tw::TW_AllocFailAt(1); /* the zone: two boxes, no zone, the number used up */
-    EXPECT_FALSE(add(2, {true, 1, 1, 1}));
-    EXPECT_TRUE(data->ZoneList == nullptr && counter == 2);
-    tw::TW_AllocFailAt(2); /* its pointer array: one box, a zone without arrays */
-    EXPECT_TRUE(add(2, {true, 1, 1, 1}));
-    EXPECT_TRUE(zone(0)->VarValues == nullptr && zone(0)->ZoneName == std::string("Zone 2"));
-    corvane::host::failHostAllocationAt(1); /* its name: one box, a zone without a name */
-    EXPECT_TRUE(add(1, {true, 1, 1, 1}));
-    EXPECT_TRUE(zone(1)->ZoneName == nullptr && zone(1)->VarValues[0]->Count == 0);
-    EXPECT_EQ(ui().errors(), Texts(5, "Out of memory"));
-    tw::FileDataSetDealloc(&data);
-    EXPECT_EQ(hostObjectsMade(), 0);
+    EXPECT_EQ(ui().errors(), Texts{"Out of memory"});
+}
+
+/* The first zone left in the data set: its name and arrays (two variables). */
+static std::string zoneLeft(const tw::TW_FileDataSet_s *data)
+{
+    const tw::TW_ZoneInfo_s *z = data->ZoneList;
+    if (z == nullptr)
+        return "no zone";
+    std::string name = z->ZoneName ? z->ZoneName : "(no name)";
+    if (z->VarValues == nullptr)
+        return name + " without arrays";
+    bool empty = z->VarValues[0]->Count == 0 && z->VarValues[1]->Count == 0;
+    return name + (empty ? " with empty arrays" : " with values");
+}
+
+/* A new zone whose record, pointer array or name cannot be made: its boxes,
+   what is left, and the zone number used up all the same. */
+TEST_F(DataSetTest, AZoneFailureIsReportedAndLeavesNothingBehind)
+{
+    const struct { bool host; long n; bool added; int boxes; const char *left; } rows[] = {
+        {false, 1, false, 2, "no zone"},
+        {false, 2, true, 1, "Zone 1 without arrays"},
+        {true, 1, true, 1, "(no name) with empty arrays"},
+    };
+    for (const auto &row : rows) {
+        ui().clearTranscript();
+        data = tw::FileDataSetAlloc();
+        last = nullptr;
+        counter = 1;
+        (row.host ? corvane::host::failHostAllocationAt : tw::TW_AllocFailAt)(row.n);
+        EXPECT_EQ(add(2, {true, 1, 1, 1}), row.added) << row.left;
+        tw::TW_AllocFailAt(0);
+        corvane::host::failHostAllocationAt(0);
+        EXPECT_EQ(zoneLeft(data), row.left);
+        EXPECT_EQ(counter, 2) << row.left;
+        EXPECT_EQ(ui().errors(), Texts(row.boxes, "Out of memory")) << row.left;
+        tw::FileDataSetDealloc(&data);
+        EXPECT_EQ(hostObjectsMade(), 0) << row.left;
+    }
 }

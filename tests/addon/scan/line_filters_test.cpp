@@ -30,7 +30,7 @@ protected:
     inline static char buffer[64001];
     std::string filter(const char *line)
     {
-        tw::TW_PreprocessLine(strcpy(buffer, line), &f());
+        tw::TW_PreprocessLine(strcpy(buffer, line), &instr->GlobalFilters);
         return buffer;
     }
     V cut(const char *line, int number = 7)
@@ -40,66 +40,73 @@ protected:
         tw::TW_ScanLineForNumericData(strcpy(buffer, line), number, instr, &values, &count);
         return V(values, values + count);
     }
-    void comment(const char *marker, int length)
-    {
-        f().UseComment = true;
-        strcpy(f().Comment, marker);
-        f().CommentLength = length;
-    }
-    tw::TW_GlobalFilters_s &f() { return instr->GlobalFilters; }
 };
 using CutTest = LineTest;
 
+/* Filters set as the scan leaves them (lengths given). The comment is tested
+   before the columns are dropped; a marker length of 0 or above 256 switches
+   it off. Columns count the raw input; the keyword test sees dropped columns. */
 TEST_F(LineTest, CommentKeywordAndColumnFilters)
 {
-    comment("//", 2); /* tested before the columns are dropped */
-    f().UseColumns = true;
-    f().Columns = {1, {{1, 2}}};
-    EXPECT_EQ(filter("//1 2"), "");
-    comment("rem", 3);
-    EXPECT_EQ(filter("xx 1 REM 2"), " 1 ");
-    f().UseColumns = false;
-    comment("rem", 0); /* a marker length of 0 or above 256 switches the test off */
-    EXPECT_EQ(filter("1 rem 2"), "1 rem 2");
-
-    /* Columns count the raw input; the line skip sees dropped columns. */
-    f().UseComment = false;
-    f().Columns = {2, {{2, 3}, {6, 0}}};
-    f().UseColumns = true;
-    EXPECT_EQ(filter("abcdefgh"), "ade");
-    f().UseKeyword = true;
-    strcpy(f().Keyword, "zone");
-    f().KeywordLength = 4;
-    EXPECT_EQ(filter("1 2 Zone 3"), "");
-    f().Columns = {1, {{1, 4}}};
-    EXPECT_EQ(filter("zone 1 2"), "");
-    EXPECT_EQ(filter("zon 1 2"), "1 2");
+    const struct {
+        const char *comment; /* nullptr: no comment filter, the same for the keyword */
+        int commentLength;
+        const char *keyword;
+        tw::TW_NumList_s columns; /* no ranges: no column filter */
+        const char *line, *expected;
+    } rows[] = {
+        {"//", 2, nullptr, {1, {{1, 2}}}, "//1 2", ""},
+        {"rem", 3, nullptr, {1, {{1, 2}}}, "xx 1 REM 2", " 1 "},
+        {"rem", 0, nullptr, {}, "1 rem 2", "1 rem 2"},
+        {nullptr, 0, nullptr, {2, {{2, 3}, {6, 0}}}, "abcdefgh", "ade"},
+        {nullptr, 0, "zone", {2, {{2, 3}, {6, 0}}}, "1 2 Zone 3", ""},
+        {nullptr, 0, "zone", {1, {{1, 4}}}, "zone 1 2", ""},
+        {nullptr, 0, "zone", {1, {{1, 4}}}, "zon 1 2", "1 2"},
+    };
+    for (const auto &row : rows) {
+        newInstructions();
+        tw::TW_GlobalFilters_s &f = instr->GlobalFilters;
+        f.UseComment = row.comment != nullptr;
+        strcpy(f.Comment, row.comment ? row.comment : "");
+        f.CommentLength = row.commentLength;
+        f.UseKeyword = row.keyword != nullptr;
+        strcpy(f.Keyword, row.keyword ? row.keyword : "");
+        f.KeywordLength = row.keyword ? static_cast<int>(strlen(row.keyword)) : 0;
+        f.UseColumns = row.columns.NumRanges > 0;
+        f.Columns = row.columns;
+        EXPECT_EQ(filter(row.line), row.expected) << row.line;
+    }
 }
 
+/* Blank-cell mode keeps empty cells but no trailing one; other kinds cut
+   tokens all the same, asking once per line about malformed ones. */
 TEST_F(CutTest, BlankCellsAndTheMalformedTokenQuestion)
 {
-    /* Blank-cell mode keeps empty cells but no trailing one. */
-    set("DATA { IGNORENONNUMERICTOKENS = FALSE IMPORT { DELIMITER = COMMA } } "
-        "GLOBALFILTERS { BLANKCELLVALUE = -999 }");
-    EXPECT_EQ(cut(",2,,4,"), (V{-999, 2, -999, 4}));
-    EXPECT_EQ(cut(""), (V{-999}));
-    instr->DataDelimiter = tw::Delimiter_Semicolon;
-    EXPECT_EQ(cut("1;;3,5"), (V{1, -999, -999}));
-    /* Other kinds cut tokens all the same, asking once per line about malformed ones. */
-    instr->DataDelimiter = tw::Delimiter_Auto;
-    ui().queueAnswer(true);
-    EXPECT_EQ(cut("1 x 3 y", 12), (V{1, 3}));
-    ui().queueAnswer(false);
-    EXPECT_EQ(cut("1 x 3 y", 12), (V{1}));
-    instr->IgnoreNonNumericTokens = true;
-    EXPECT_EQ(cut("1,,2 x 3 12abc 1,5"), (V{1, 2, 3, 1, 5}));
-    instr->DataDelimiter = tw::Delimiter_Fixed;
-    instr->DataWidth = 4;
-    EXPECT_EQ(cut("  1 2.5 -3"), (V{1, 2.5, -3}));
-    EXPECT_EQ(ui().messages(),
-              Texts(2, "Possible malformed numeric data values were found on line 12\nPlease "
-                       "check this line of the file to be sure that numeric data is of the "
-                       "correct form.\nDo you want to continue processing this line?"));
+    const std::string question = "Possible malformed numeric data values were found on line 12"
+                                 "\nPlease check this line of the file to be sure that numeric "
+                                 "data is of the correct form.\nDo you want to continue "
+                                 "processing this line?";
+    const struct { const char *settings, *line; int answer; V values; } rows[] = {
+        {"IGNORENONNUMERICTOKENS = FALSE IMPORT { DELIMITER = COMMA }", ",2,,4,", -1,
+         {-999, 2, -999, 4}},
+        {"IGNORENONNUMERICTOKENS = FALSE IMPORT { DELIMITER = COMMA }", "", -1, {-999}},
+        {"IGNORENONNUMERICTOKENS = FALSE IMPORT { DELIMITER = SEMICOLON }", "1;;3,5", -1,
+         {1, -999, -999}},
+        {"IGNORENONNUMERICTOKENS = FALSE", "1 x 3 y", 1, {1, 3}},
+        {"IGNORENONNUMERICTOKENS = FALSE", "1 x 3 y", 0, {1}},
+        {"", "1,,2 x 3 12abc 1,5", -1, {1, 2, 3, 1, 5}},
+        {"IMPORT { DELIMITER = FIXED WIDTH = 4 }", "  1 2.5 -3", -1, {1, 2.5, -3}},
+    };
+    for (const auto &row : rows) {
+        newInstructions();
+        ui().clearTranscript();
+        set(std::string("DATA { ") + row.settings + " } GLOBALFILTERS { BLANKCELLVALUE = -999 }");
+        if (row.answer >= 0)
+            ui().queueAnswer(row.answer == 1);
+        EXPECT_EQ(cut(row.line, 12), row.values) << row.settings << " [" << row.line << "]";
+        EXPECT_EQ(ui().messages(), row.answer >= 0 ? Texts{question} : Texts{})
+            << row.settings << " [" << row.line << "]";
+    }
 }
 
 /* Values are read where they stand in the line: the result must be what

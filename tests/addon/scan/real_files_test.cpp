@@ -28,7 +28,8 @@ TEST_F(RealFileTest, WhaleMeshSplitIntoZonesAtTheKeyword)
     EXPECT_EQ(values(0, 0).front(), 4.32022);
     EXPECT_EQ(textLines().front(),
               (std::pair<int, std::string>{1, "#(C) Copyright 1992 Alex Woo"}));
-    EXPECT_TRUE(ui().errors().empty() && ui().messages().empty());
+    EXPECT_EQ(ui().errors(), Texts{});
+    EXPECT_EQ(ui().messages(), Texts{});
 }
 
 /* CRLF lines, "E0" exponents, the names behind a "Data:" label that a
