@@ -142,73 +142,94 @@ TEST_F(TransferTest, ALoneVariableGetsIndexVariablesOfTheSmallestType)
     EXPECT_EQ(ui().progressChecks(), expected);
     EXPECT_EQ(ui().transcript().at(0).text, "Transferring data to Corvane...");
     EXPECT_TRUE(ui().transcript()[0].cancel);
+}
 
-    /* Plot and index types follow the first zone; several variables are never expanded. */
-    const std::tuple<ZoneSpec, PlotType_e, Texts> rows[] = {
-        {{50, 1, 1, {ramp(50, 1.0)}}, PlotType_XYLine, {"double"}},
-        {{4, 3, 2, {ramp(24, 1.0), ramp(24, 100.0)}}, PlotType_Cartesian3D, {"double", "double"}},
-        {{4, 3, 1, {ramp(12, 1.0), ramp(12, 100.0)}}, PlotType_Cartesian2D, {"double", "double"}},
+/* Plot and index types follow the first zone; several variables are never
+   expanded. The point: its index values, then the data. */
+TEST_F(TransferTest, PlotAndIndexTypesFollowTheFirstZone)
+{
+    const std::tuple<ZoneSpec, PlotType_e, Texts, size_t, V> rows[] = {
+        {{50, 1, 1, {ramp(50, 1.0)}}, PlotType_XYLine, {"double"}, 49, {50}},
+        {{4, 3, 2, {ramp(24, 1.0), ramp(24, 100.0)}}, PlotType_Cartesian3D, {"double", "double"},
+         23, {24, 123}},
+        {{4, 3, 1, {ramp(12, 1.0), ramp(12, 100.0)}}, PlotType_Cartesian2D, {"double", "double"},
+         11, {12, 111}},
         {{300, 2, 2, {ramp(1200, 1.0)}}, PlotType_Cartesian3D,
-         {"int16", "int16", "int16", "double"}},
-        {{70000, 2, 1, {ramp(140000, 0.0)}}, PlotType_Cartesian2D, {"int32", "int32", "double"}},
+         {"int16", "int16", "int16", "double"}, 899, {300, 1, 2, 900}}, /* i 300, j 1, k 2 */
+        {{70000, 2, 1, {ramp(140000, 0.0)}}, PlotType_Cartesian2D, {"int32", "int32", "double"},
+         69999, {70000, 1, 69999}}, /* the last I of the plane */
     };
-    for (const auto &[zone, type, types] : rows) {
+    for (const auto &[zone, type, types, p, values] : rows) {
+        host::clearDataSets();
+        plotType = PlotType_Automatic;
         ASSERT_TRUE(transfer(scanned("S", Texts(zone.columns.size(), "P"), {zone})));
         EXPECT_EQ(plotType, type) << zone.imax;
-        EXPECT_EQ(typeNames(host::dataSets().back().zones[0]), types) << zone.imax;
+        const host::Zone &stored = host::dataSets().at(0).zones.at(0);
+        EXPECT_EQ(typeNames(stored), types) << zone.imax;
+        EXPECT_EQ(point(stored, p), values) << zone.imax;
     }
-    /* i 300, j 1, k 2 in the cube; the last I of the wide plane. */
-    EXPECT_EQ(point(host::dataSets()[4].zones[0], 899), (V{300, 1, 2, 900}));
-    EXPECT_EQ(host::dataSets()[5].zones[0].fields[0].get(69999), 70000);
+}
 
-    /* A later zone with KMax > 1 in a 2-D expansion repeats I and J per k. */
+/* A later zone with KMax > 1 in a 2-D expansion repeats I and J per k. */
+TEST_F(TransferTest, ALaterZoneWithLayersRepeatsTheIndicesPerLayer)
+{
     ASSERT_TRUE(transfer(scanned("Grow", {"P"}, {{2, 2, 1, {ramp(4, 1.0)}},
                                                  {2, 2, 2, {ramp(8, 10.0)}}})));
-    const host::Zone &second = host::dataSets().back().zones[1];
+    const host::Zone &second = host::dataSets().at(0).zones.at(1);
     for (size_t p = 0; p < 8; p++)
         EXPECT_EQ(point(second, p), (V{double(p % 2 + 1), double(p / 2 % 2 + 1), 10.0 + p}));
 }
 
-TEST_F(TransferTest, FailuresShowTheirMessageOnceAndCancelIsSilent)
+/* A data set without points, or without a selected variable; a zone the host
+   refuses, after which the zone before it stays with the host. */
+TEST_F(TransferTest, FailuresShowTheirMessageOnce)
 {
     ZoneSpec two{2, 1, 1, {ramp(2, 1), ramp(2, 1)}}, empty{0, 1, 1, {{}, {}}};
-    const std::tuple<Scanned, const char *, size_t> rows[] = {
-        {scanned("E", {"A", "B"}, {empty}), "No data points found", 0},
-        {scanned("N", {"A", "B"}, {two}, {false, false}), "No data points found", 0},
+    const struct { Scanned set; const char *message; std::vector<size_t> zones; } rows[] = {
+        {scanned("E", {"A", "B"}, {empty}), "No data points found", {}},
+        {scanned("N", {"A", "B"}, {two}, {false, false}), "No data points found", {}},
         {scanned("Z", {"A", "B"}, {two, empty, two}),
-         "Internal error: Could not create zone. Probably out of memory", 1},
+         "Internal error: Could not create zone. Probably out of memory", {1}},
     };
-    for (const auto &[set, message, dataSets] : rows) {
+    for (const auto &[set, message, zones] : rows) {
         host::clearDataSets();
         ui().clearTranscript();
         EXPECT_FALSE(transfer(set)) << message;
         EXPECT_EQ(ui().errors(), Texts{message});
-        EXPECT_EQ(host::dataSets().size(), dataSets) << message;
+        std::vector<size_t> kept;
+        for (const host::DataSet &stored : host::dataSets())
+            kept.push_back(stored.zones.size());
+        EXPECT_EQ(kept, zones) << message;
     }
-    /* The zone before the refused one stays with the host. */
-    EXPECT_EQ(host::dataSets().at(0).zones.size(), 1u);
+}
 
-    /* A null value handle stops the transfer after its zone. */
-    ui().clearTranscript();
+/* A null value handle stops the transfer after its zone. */
+TEST_F(TransferTest, ANullValueHandleStopsAfterItsZone)
+{
     ZoneSpec zone{2, 1, 1, {ramp(2, 1), ramp(2, 10), ramp(2, 20)}};
     NullRefZone = 1;
     NullRefVar = 2;
     EXPECT_FALSE(transfer(scanned("S", {"A", "B", "C"}, {zone, zone})));
     EXPECT_EQ(ui().errors(), Texts{"Internal Error: NULL field data pointer"});
-    ASSERT_EQ(host::dataSets().back().zones.size(), 1u);
-    EXPECT_EQ(point(host::dataSets().back().zones[0], 1), (V{2, 0, 21}));
-    NullRefZone = NullRefVar = 0;
+    ASSERT_EQ(host::dataSets().at(0).zones.size(), 1u);
+    EXPECT_EQ(point(host::dataSets()[0].zones[0], 1), (V{2, 0, 21}));
+}
 
-    /* Out of memory at every allocation. */
-    ui().clearTranscript();
-    host::clearDataSets();
+TEST_F(TransferTest, OutOfMemoryInTheAddOnIsReported)
+{
     Scanned grid = scanned("Grid", {"T"}, {{3, 2, 1, {ramp(6, 1.0)}}});
     TW_AllocFailAt(1);
     EXPECT_FALSE(transfer(grid));
+    TW_AllocFailAt(0);
     EXPECT_EQ(ui().errors(), Texts{"Out of memory"});
+    EXPECT_TRUE(host::dataSets().empty());
+}
 
-    /* Each host allocation in turn: the string list reports "Out of memory",
-       the argument list fails silently; nothing is left behind. */
+/* Each host allocation in turn: the string list reports "Out of memory", the
+   argument list fails silently; nothing is left behind. */
+TEST_F(TransferTest, EveryFailedHostAllocationStopsTheTransfer)
+{
+    Scanned grid = scanned("Grid", {"T"}, {{3, 2, 1, {ramp(6, 1.0)}}});
     for (long n = 1;; n++) {
         ui().clearTranscript();
         host::failHostAllocationAt(n);
@@ -222,13 +243,15 @@ TEST_F(TransferTest, FailuresShowTheirMessageOnceAndCancelIsSilent)
         EXPECT_TRUE(host::dataSets().empty()) << "allocation " << n;
         ASSERT_LT(n, 50);
     }
+}
 
-    /* A cancel keeps what was copied: 50 % is reached before point 51. */
-    ui().clearTranscript();
+/* A cancel keeps what was copied: 50 % is reached before point 51. */
+TEST_F(TransferTest, ACancelIsSilentAndKeepsWhatWasCopied)
+{
     ui().cancelAtPercent(50);
     EXPECT_FALSE(transfer(scanned("Grid", {"T"}, {{10, 10, 1, {ramp(100, 1.0)}}})));
     EXPECT_TRUE(GlobalCancelled);
-    EXPECT_TRUE(ui().errors().empty());
-    EXPECT_EQ(point(host::dataSets().back().zones[0], 49), (V{10, 5, 0}));
-    EXPECT_EQ(point(host::dataSets().back().zones[0], 50), (V{0, 0, 0}));
+    EXPECT_EQ(ui().errors(), Texts{});
+    EXPECT_EQ(point(host::dataSets().at(0).zones[0], 49), (V{10, 5, 0}));
+    EXPECT_EQ(point(host::dataSets()[0].zones[0], 50), (V{0, 0, 0}));
 }
