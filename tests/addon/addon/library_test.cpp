@@ -40,64 +40,107 @@ static Texts fill()
     return result;
 }
 
+/* ORDALIS_DIR alone is listed, even empty or missing; without it the host
+   home's folder. */
 TEST_F(LibraryTest, FolderComesFromTheEnvironmentOrTheHostHome)
 {
     write("home/addonconfig/tabwise/h.twc", instructionFile("Home"));
     fs::create_directories(path("library"));
-    EXPECT_EQ(fill(), Texts{path("library")}); /* ORDALIS_DIR alone is listed, even empty */
-    ::unsetenv("ORDALIS_DIR");
-    EXPECT_EQ(fill(), (Texts{path("home") + "/addonconfig/tabwise", "h.twc=Home"}));
-    ::setenv("ORDALIS_DIR", path("nowhere").c_str(), 1);
-    EXPECT_EQ(fill(), Texts{path("nowhere")});
-    EXPECT_TRUE(ui().transcript().empty());
-    EXPECT_EQ(leftBehind(), 0);
+    const std::pair<const char *, Texts> rows[] = {
+        {"library", {path("library")}},
+        {nullptr, {path("home") + "/addonconfig/tabwise", "h.twc=Home"}},
+        {"nowhere", {path("nowhere")}},
+    };
+    for (const auto &[folder, listed] : rows) {
+        ui().clearTranscript();
+        if (folder)
+            ::setenv("ORDALIS_DIR", path(folder).c_str(), 1);
+        else
+            ::unsetenv("ORDALIS_DIR");
+        EXPECT_EQ(fill(), listed);
+        EXPECT_TRUE(ui().transcript().empty()) << listed[0];
+        ClearInstructionSetArray(false);
+        EXPECT_EQ(leftBehind(), 0) << listed[0];
+    }
 }
 
-TEST_F(LibraryTest, OnlyRegularInstructionFilesAreReadUnderABoxFromFiveOn)
+/* Three instruction files, a file and a folder that are not, and one with a
+   syntax error; more files make five. */
+static const char *const broken = "#!CORVANE_TABWISE\nTITLE{ NAME = \"Half\" LINE = x }\n";
+
+TEST_F(LibraryTest, OnlyRegularInstructionFilesAreRead)
 {
     write("library/a.twc", instructionFile("A"));
     write("library/b.txt", "\n   \n#!CORVANE_TABWISE\nTITLE{ NAME = \"B\" }\n");
     write("library/notes.twc", "TITLE{ NAME = \"Notes\" }\n#!CORVANE_TABWISE\n");
     fs::create_directories(path("library/sub.twc"));
-    write("library/broken.twc", "#!CORVANE_TABWISE\nTITLE{ NAME = \"Half\" LINE = x }\n");
+    write("library/broken.twc", broken);
     EXPECT_EQ(fill(), (Texts{path("library"), "a.twc=A", "b.txt=B", "broken.twc=Half"}));
     EXPECT_EQ(GlobalConfigInfoArray[0], nullptr) << "entry 0 is the dialog's";
-    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
-        EXPECT_TRUE(!entry || entry->FilePath == path("library") + "/" + entry->DisplayName);
+    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray) {
+        if (entry != nullptr) {
+            EXPECT_EQ(entry->FilePath, path("library") + "/" + entry->DisplayName);
+        }
+    }
     ASSERT_EQ(ui().transcript().size(), 1u); /* broken.twc's syntax error, no box */
+    EXPECT_EQ(ui().transcript()[0].kind, host::UiEvent::Kind::error);
+}
 
-    for (int n = 1; n <= 2; n++)
-        write("library/more" + std::to_string(n) + ".twc", instructionFile("M"));
-    ui().clearTranscript();
+TEST_F(LibraryTest, FiveFilesOrMoreAreReadUnderABox)
+{
+    for (const char *name : {"a", "b", "c", "d"})
+        write(std::string("library/") + name + ".twc", instructionFile(name));
+    write("library/notes.twc", "TITLE{ NAME = \"Notes\" }\n#!CORVANE_TABWISE\n");
+    write("library/broken.twc", broken);
     EXPECT_EQ(fill().size(), 6u);
     ASSERT_EQ(ui().transcript().size(), 3u); /* the progress bar and broken.twc's error */
     EXPECT_EQ(ui().transcript()[0].text, "Reading instruction files...");
     EXPECT_FALSE(ui().transcript()[0].cancel);
+    EXPECT_EQ(ui().transcript()[1].kind, host::UiEvent::Kind::error);
     EXPECT_EQ(ui().progressChecks(), (std::vector<int>{0, 0, 0, 0, 0}));
 }
 
-TEST_F(LibraryTest, EntriesStayPackedUpToSixtyFourAndNamesIgnoreCase)
+/* Entries "/Lib/Set0.TWC" up to "/Lib/SetN.TWC". */
+static void addSets(int last)
 {
-    for (int i = 0; i <= 5; i++) {
+    for (int i = 0; i <= last; i++) {
         TW_ConfigInstructions_s *set = ImportInstructionsAlloc();
         snprintf(set->FilePath, sizeof(set->FilePath), "/Lib/Set%d.TWC", i);
         ASSERT_TRUE(AddConfigToInstructionSetArray(set));
     }
-    DeleteConfigFromInstructionSetArray(2);
-    Texts paths;
-    for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
-        paths.push_back(entry ? entry->FilePath : "-");
-    paths.resize(6);
-    EXPECT_EQ(paths, (Texts{"/Lib/Set0.TWC", "/Lib/Set1.TWC", "/Lib/Set3.TWC", "/Lib/Set4.TWC",
-                            "/Lib/Set5.TWC", "-"}));
-    EXPECT_TRUE(FileNameExistsInInstructionSetArray("/lib/set4.twc"));
-    EXPECT_FALSE(FileNameExistsInInstructionSetArray("/lib/set2.twc"));
-    DeleteConfigFromInstructionSetArray(0);
-    DeleteConfigFromInstructionSetArray(0);
+}
+
+TEST_F(LibraryTest, EntriesStayPackedAndNamesIgnoreCase)
+{
+    const std::pair<int, Texts> rows[] = {
+        {2, {"/Lib/Set0.TWC", "/Lib/Set1.TWC", "/Lib/Set3.TWC", "/Lib/Set4.TWC", "-"}},
+        {0, {"/Lib/Set1.TWC", "/Lib/Set2.TWC", "/Lib/Set3.TWC", "/Lib/Set4.TWC", "-"}},
+    };
+    for (const auto &[deleted, left] : rows) {
+        ClearInstructionSetArray(false);
+        addSets(4);
+        DeleteConfigFromInstructionSetArray(deleted);
+        Texts paths;
+        for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
+            paths.push_back(entry ? entry->FilePath : "-");
+        paths.resize(5);
+        EXPECT_EQ(paths, left) << deleted;
+        std::string name = "/lib/set" + std::to_string(deleted) + ".twc";
+        EXPECT_FALSE(FileNameExistsInInstructionSetArray(name.c_str())) << deleted;
+        EXPECT_TRUE(FileNameExistsInInstructionSetArray("/lib/set4.twc")) << deleted;
+    }
+}
+
+TEST_F(LibraryTest, ANameIsFoundBehindAGap)
+{
+    addSets(2);
     GlobalConfigInfoArray[5] = GlobalConfigInfoArray[2]; /* a gap before the last entry */
     GlobalConfigInfoArray[2] = nullptr;
-    EXPECT_TRUE(FileNameExistsInInstructionSetArray("/LIB/SET5.twc"));
+    EXPECT_TRUE(FileNameExistsInInstructionSetArray("/LIB/SET2.twc"));
+}
 
+TEST_F(LibraryTest, NoMoreThanSixtyFourEntries)
+{
     for (int i = 0; i < 70; i++)
         write("library/s" + std::to_string(i) + ".twc", instructionFile("S"));
     EXPECT_EQ(fill().size(), size_t(TW_MAX_CONFIGS)); /* the folder and 63 entries */

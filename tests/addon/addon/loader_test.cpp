@@ -40,69 +40,96 @@ Boolean_t loadFromDialog(const Texts &strings)
     return result;
 }
 
-TEST_F(LoaderTest, StartUpRegistersOnRecentHostsAndQuitWaitsForTheDialog)
+TEST_F(LoaderTest, StartUpRegistersTheLoader)
 {
     const host::Loader *loader = host::findLoader("Ordalis Loader");
+    ASSERT_NE(loader, nullptr);
     EXPECT_EQ(std::tuple(loader->fileNameExtensions, loader->callback, loader->selectedCallback,
                          loader->allowMultiFileSelection, loader->advancedOptions),
               std::tuple(std::string("*.txt"), &LoaderCallback, &LoaderSelectedCallback, false, 2));
+}
 
+TEST_F(LoaderTest, QuitWaitsForTheDialogThenReleasesEverything)
+{
     ASSERT_TRUE(host::selectLoader("Ordalis Loader", {}));
     EXPECT_FALSE(host::quit());
+    EXPECT_EQ(ui().errors(),
+              Texts{"Please close the ordalis loader dialog before quitting Corvane"});
     StateChangeCallback(StateChange_NewLayout, 0);
-    EXPECT_TRUE(LastUsedConfig != nullptr && GlobalFileInfo != nullptr);
+    EXPECT_NE(LastUsedConfig, nullptr);
+    EXPECT_NE(GlobalFileInfo, nullptr);
     ASSERT_TRUE(host::gui::pressDialogButton(Dialog1Manager, host::gui::DialogButton::cancel));
     EXPECT_TRUE(host::quit());
     EXPECT_EQ(LastUsedConfig, nullptr);
     EXPECT_EQ(GlobalFileInfo, nullptr);
     EXPECT_FALSE(lineValuesHeld());
     StateChangeCallback(StateChange_Quit, 0); /* a second quit frees nothing twice */
-
-    host::resetAddOns();
-    host::setHostVersion(899999);
-    InitCvnAddOn113();
-    EXPECT_TRUE(host::loaders().empty());
-    EXPECT_EQ(LastUsedConfig, nullptr);
-    EXPECT_FALSE(lineValuesHeld());
-    EXPECT_TRUE(host::quit()) << "nothing registered a quit query";
-    host::setHostVersion(900000);
-    InitCvnAddOn113();
-    EXPECT_NE(host::findLoader("Ordalis Loader"), nullptr);
-    EXPECT_EQ(ui().errors(),
-              (Texts{"Please close the ordalis loader dialog before quitting Corvane",
-                     "Ordalis Loader requires Corvane version 9.0-0-0 or greater"}));
 }
 
-TEST_F(LoaderTest, LoadsStoreTheInstructionsAsReceived)
+/* Started again after a quit, on a host of the given version; nothing
+   registered a quit query on an old one. */
+TEST_F(LoaderTest, HostsBeforeVersionNineGetNoLoader)
 {
-    std::string data = write("data.txt", DataFile);
-    Texts inline_ = {data, instructions("Inline")};
+    const std::tuple<LgIndex_t, bool, Texts> rows[] = {
+        {899999, false, {"Ordalis Loader requires Corvane version 9.0-0-0 or greater"}},
+        {900000, true, {}},
+    };
+    ASSERT_TRUE(host::quit());
+    for (const auto &[version, registered, errors] : rows) {
+        host::resetAddOns();
+        ui().clearTranscript();
+        host::setHostVersion(version);
+        InitCvnAddOn113();
+        EXPECT_EQ(host::findLoader("Ordalis Loader") != nullptr, registered) << version;
+        EXPECT_EQ(LastUsedConfig != nullptr, registered) << version;
+        EXPECT_EQ(lineValuesHeld(), registered) << version;
+        EXPECT_EQ(ui().errors(), errors) << version;
+        EXPECT_TRUE(host::quit()) << version;
+    }
+}
+
+/* InitialPlotType comes with the dialog path only. */
+TEST_F(LoaderTest, InlineInstructionsAreStoredAsReceived)
+{
+    Texts inline_ = {write("data.txt", DataFile), instructions("Inline")};
     ASSERT_TRUE(replay(inline_));
     ASSERT_TRUE(loadFromDialog(inline_));
     const host::DataSet &replayed = host::dataSets().at(0);
+    EXPECT_EQ(replayed.title, "Inline");
     EXPECT_EQ(replayed.loaderInstructions, (host::LoaderInstructions{"Ordalis Loader", inline_}));
-    /* InitialPlotType comes with the dialog path only. */
     EXPECT_EQ(replayed.initialPlotType, std::nullopt);
-    EXPECT_EQ(host::dataSets()[1].initialPlotType, std::optional<int>(PlotType_XYLine));
+    EXPECT_EQ(host::dataSets().at(1).initialPlotType, std::optional<int>(PlotType_XYLine));
+    EXPECT_EQ(ui().errors(), Texts{});
+}
 
-    /* References in every accepted spelling; the reference is what is kept,
-       so a replay reads the file again. */
+/* References in every accepted spelling; the reference is what is kept. */
+TEST_F(LoaderTest, ReferencesAreReadAndStoredAsReceived)
+{
+    std::string data = write("data.txt", DataFile);
     std::string config = write("my sets/first.twc", instructions("From file"));
     for (const std::string &reference : {"  configfname = \"" + config + "\"   ",
                                          "CONFIGFNAME=" + config + "   ",
                                          "\tConfigFName=\"" + config}) {
+        host::clearDataSets();
         ASSERT_TRUE(replay({data, reference})) << reference;
-        EXPECT_EQ(host::dataSets().back().title, "From file") << reference;
-        EXPECT_EQ(host::dataSets().back().loaderInstructions->strings[1], reference);
+        EXPECT_EQ(host::dataSets().at(0).title, "From file") << reference;
+        EXPECT_EQ(host::dataSets()[0].loaderInstructions->strings, (Texts{data, reference}));
     }
-    Texts stored = host::dataSets().back().loaderInstructions->strings;
-    write("my sets/first.twc", instructions("Changed"));
-    ASSERT_TRUE(replay(stored));
-    EXPECT_EQ(host::dataSets().back().title, "Changed");
-    EXPECT_TRUE(ui().errors().empty());
+    EXPECT_EQ(ui().errors(), Texts{});
 }
 
-TEST_F(LoaderTest, FailedLoadsReportOnceAndCancelsStaySilent)
+TEST_F(LoaderTest, AReplayReadsTheReferencedFileAgain)
+{
+    Texts stored = {write("data.txt", DataFile), "CONFIGFNAME=\"" + path("set.twc") + "\""};
+    write("set.twc", instructions("First"));
+    ASSERT_TRUE(replay(stored));
+    write("set.twc", instructions("Changed"));
+    ASSERT_TRUE(replay(stored));
+    EXPECT_EQ(host::dataSets().at(0).title, "First");
+    EXPECT_EQ(host::dataSets().at(1).title, "Changed");
+}
+
+TEST_F(LoaderTest, FailedLoadsReportOnceAndLeaveNothing)
 {
     std::string data = write("data.txt", DataFile);
     std::string missing = path("absent.twc");
@@ -127,36 +154,57 @@ TEST_F(LoaderTest, FailedLoadsReportOnceAndCancelsStaySilent)
         ui().clearTranscript();
         EXPECT_FALSE(replay(strings)) << messages[0];
         EXPECT_EQ(ui().errors(), messages);
-        EXPECT_TRUE(host::openDataLoads() == 0 && leftBehind() == 0) << messages[0];
+        EXPECT_EQ(host::openDataLoads(), 0) << messages[0];
+        EXPECT_EQ(leftBehind(), 0) << messages[0];
+        EXPECT_TRUE(host::dataSets().empty()) << messages[0];
     }
-    EXPECT_TRUE(host::dataSets().empty());
+}
 
-    /* The transfer's box reaches 100 %, the scan's never does: a cancel there keeps the
-       scan's success, the data set, and no stored instructions. */
-    ui().clearTranscript();
+/* The transfer's box reaches 100 %, the scan's never does: a cancel there
+   keeps the scan's success, the data set, and no stored instructions. */
+TEST_F(LoaderTest, ACancelInTheTransferKeepsTheDataSet)
+{
     ui().cancelAtPercent(100);
-    EXPECT_TRUE(loadFromDialog({data, instructions("T")}));
-    EXPECT_TRUE(GlobalCancelled && ui().errors().empty());
-    EXPECT_EQ(host::dataSets().at(0).loaderInstructions, std::nullopt);
+    EXPECT_TRUE(loadFromDialog({write("data.txt", DataFile), instructions("T")}));
+    EXPECT_TRUE(GlobalCancelled);
+    EXPECT_EQ(ui().errors(), Texts{});
+    ASSERT_EQ(host::dataSets().size(), 1u);
+    EXPECT_EQ(host::dataSets()[0].loaderInstructions, std::nullopt);
+}
 
-    /* A cancel in the scan fails silently. */
+TEST_F(LoaderTest, ACancelInTheScanFailsSilently)
+{
     std::string big = "a b\n";
     for (int line = 1; line <= 500; line++)
         big += std::to_string(line) + " " + std::to_string(2 * line) + "\n";
     ui().cancelAtPercent(10);
     EXPECT_FALSE(replay({write("big.txt", big), instructions("T")}));
-    EXPECT_TRUE(GlobalCancelled && ui().errors().empty() && host::openDataLoads() == 0);
-    EXPECT_EQ(host::dataSets().size(), 1u);
+    EXPECT_TRUE(GlobalCancelled);
+    EXPECT_EQ(ui().errors(), Texts{});
+    EXPECT_EQ(host::openDataLoads(), 0);
+    EXPECT_TRUE(host::dataSets().empty());
+}
 
-    ui().clearTranscript();
-    host::failHostAllocationAt(1); /* the argument list: nothing started, nothing said */
-    EXPECT_FALSE(replay({data, instructions("T")}));
-    TW_AllocFailAt(1); /* the instruction set */
-    EXPECT_FALSE(replay({data, instructions("T")}));
-    EXPECT_EQ(ui().errors(),
-              (Texts{"Out of memory. Unable to allocate import parameters structure",
-                     "Out of memory"}));
-    EXPECT_TRUE(host::dataSets().size() == 1 && host::openDataLoads() == 0 && leftBehind() == 0);
+/* The host's argument list: nothing started, nothing said; the add-on's
+   instruction set. */
+TEST_F(LoaderTest, OutOfMemoryFailsTheLoad)
+{
+    std::string data = write("data.txt", DataFile);
+    const std::pair<bool, Texts> rows[] = {
+        {true, {}},
+        {false, {"Out of memory. Unable to allocate import parameters structure", "Out of memory"}},
+    };
+    for (const auto &[hostFails, errors] : rows) {
+        ui().clearTranscript();
+        (hostFails ? host::failHostAllocationAt : TW_AllocFailAt)(1);
+        EXPECT_FALSE(replay({data, instructions("T")})) << hostFails;
+        TW_AllocFailAt(0);
+        host::failHostAllocationAt(0);
+        EXPECT_EQ(ui().errors(), errors) << hostFails;
+        EXPECT_TRUE(host::dataSets().empty()) << hostFails;
+        EXPECT_EQ(host::openDataLoads(), 0) << hostFails;
+        EXPECT_EQ(leftBehind(), 0) << hostFails;
+    }
 }
 
 TEST_F(LoaderTest, SelectingTheLoaderPreparesTheDialog)
@@ -172,20 +220,30 @@ TEST_F(LoaderTest, SelectingTheLoaderPreparesTheDialog)
     EXPECT_EQ(Texts({untitled->DisplayName, untitled->FilePath, untitled->TitleName,
                      GlobalConfigInfoArray[1]->TitleName}),
               Texts({"<untitled>", "<untitled>", "Last used", "One"}));
-    EXPECT_TRUE(untitled->IsModified && GetCurConfigPtr() == untitled);
-    ASSERT_TRUE(host::gui::pressDialogButton(Dialog1Manager, host::gui::DialogButton::cancel));
+    EXPECT_TRUE(untitled->IsModified);
+    EXPECT_EQ(GetCurConfigPtr(), untitled);
+}
 
-    /* The previous data file has gone: no dialog, nothing left behind. */
+/* The previous data file has gone: no dialog, nothing left behind. */
+TEST_F(LoaderTest, WithoutThePreviousDataFileNoDialogOpens)
+{
+    write("library/one.twc", "#!CORVANE_TABWISE\n" + instructions("One"));
     ASSERT_TRUE(host::selectLoader("Ordalis Loader", {path("gone.txt"), instructions("T")}));
-    EXPECT_TRUE(!CvnGUIDialogIsUp(Dialog1Manager) && GlobalFileInfo == nullptr);
+    EXPECT_EQ(ui().errors(), Texts{"Could not get file information for \"" + path("gone.txt") +
+                                   "\""});
+    EXPECT_FALSE(CvnGUIDialogIsUp(Dialog1Manager));
+    EXPECT_EQ(GlobalFileInfo, nullptr);
     for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray)
         EXPECT_EQ(entry, nullptr);
+}
 
+TEST_F(LoaderTest, WithoutMemoryForTheFileMapNoDialogOpens)
+{
     TW_AllocFailAt(1);
     ASSERT_TRUE(host::selectLoader("Ordalis Loader", {}));
-    EXPECT_EQ(ui().errors(), (Texts{"Could not get file information for \"" + path("gone.txt") +
-                                        "\"",
-                                    "Out of memory. Unable to allocate file map structure",
+    TW_AllocFailAt(0);
+    EXPECT_EQ(ui().errors(), (Texts{"Out of memory. Unable to allocate file map structure",
                                     "Not enough memory to run Ordalis Loader"}));
-    EXPECT_TRUE(!CvnGUIDialogIsUp(Dialog1Manager) && GlobalFileInfo == nullptr);
+    EXPECT_FALSE(CvnGUIDialogIsUp(Dialog1Manager));
+    EXPECT_EQ(GlobalFileInfo, nullptr);
 }
