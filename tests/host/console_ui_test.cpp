@@ -51,7 +51,7 @@ struct ConsoleSession {
 
 } // namespace
 
-TEST(ConsoleUiTest, BoxesGoToStandardErrorAndQuestionsTakeAnswersPolicyElseNo)
+TEST(ConsoleUiTest, BoxesGoToStandardErrorAndUnansweredQuestionsAreNo)
 {
     ConsoleSession session({}, "y\n"); // not a terminal: nobody reads the "y"
     session.ui->error("Out of memory");
@@ -67,7 +67,10 @@ TEST(ConsoleUiTest, BoxesGoToStandardErrorAndQuestionsTakeAnswersPolicyElseNo)
               "--answers would answer Yes\n");
     EXPECT_EQ(session.events[1], R"({"event":"message","type":"warning","text":)"
                                  R"("No data found\nin file","answer":"ok"})");
+}
 
+TEST(ConsoleUiTest, QuestionsTakeTheAnswersInOrderThenThePolicy)
+{
     ConsoleOptions queued;
     queued.answers = {false, true};
     queued.policy = true;
@@ -79,7 +82,7 @@ TEST(ConsoleUiTest, BoxesGoToStandardErrorAndQuestionsTakeAnswersPolicyElseNo)
               "Overwrite a.twc? -> no\nDelete b.twc? -> yes\nContinue? -> yes\n");
 }
 
-TEST(ConsoleUiTest, CancelAtAndCtrlCPressOnlyTheCancelOfTheBoxUp)
+TEST(ConsoleUiTest, CancelAtPressesOnlyTheCancelOfTheBoxUp)
 {
     ConsoleOptions cancelling;
     cancelling.cancelAt = 40;
@@ -93,7 +96,10 @@ TEST(ConsoleUiTest, CancelAtAndCtrlCPressOnlyTheCancelOfTheBoxUp)
     EXPECT_FALSE(session.ui->progressCheck(1));
     session.ui->progressDrop();
     EXPECT_EQ(readBack(session.err.get()), "") << "no bar off a terminal";
+}
 
+TEST(ConsoleUiTest, CtrlCPressesCancelUntilTheDrop)
+{
     ConsoleSession interrupted({});
     interrupted.ui->progressLaunch("Scanning file...", true);
     EXPECT_TRUE(interrupted.ui->progressCheck(10));
@@ -105,52 +111,78 @@ TEST(ConsoleUiTest, CancelAtAndCtrlCPressOnlyTheCancelOfTheBoxUp)
     EXPECT_EQ(current.sa_handler, SIG_DFL) << "the drop puts back the default";
 }
 
-TEST(ConsoleUiTest, OnATerminalTheUserAnswersAndSeesTheBar)
-{
-    // A raw pseudo-terminal: the ConsoleUi uses its terminal end, the test the other.
-    int master = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_TRUE(master >= 0 && grantpt(master) == 0 && unlockpt(master) == 0);
-    int slave = open(ptsname(master), O_RDWR | O_NOCTTY);
-    ASSERT_GE(slave, 0);
-    termios mode{};
-    tcgetattr(slave, &mode);
-    cfmakeraw(&mode);
-    tcsetattr(slave, TCSANOW, &mode);
-    fcntl(master, F_SETFL, O_NONBLOCK);
-    File in{fdopen(slave, "r"), std::fclose}, err{fdopen(dup(slave), "w"), std::fclose};
-    auto screen = [&] {
+// A raw pseudo-terminal: the ConsoleUi uses its terminal end, the test the other.
+class TerminalTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        master = posix_openpt(O_RDWR | O_NOCTTY);
+        ASSERT_GE(master, 0);
+        ASSERT_EQ(grantpt(master), 0);
+        ASSERT_EQ(unlockpt(master), 0);
+        int slave = open(ptsname(master), O_RDWR | O_NOCTTY);
+        ASSERT_GE(slave, 0);
+        termios mode{};
+        tcgetattr(slave, &mode);
+        cfmakeraw(&mode);
+        tcsetattr(slave, TCSANOW, &mode);
+        fcntl(master, F_SETFL, O_NONBLOCK);
+        in.reset(fdopen(slave, "r"));
+        err.reset(fdopen(dup(slave), "w"));
+        options.in = in.get();
+        options.err = err.get();
+    }
+    void TearDown() override
+    {
+        if (master >= 0)
+            close(master);
+    }
+
+    // What the terminal showed since the last call.
+    std::string screen()
+    {
         std::fflush(err.get());
         std::string text;
         char buffer[256];
         for (ssize_t n; (n = read(master, buffer, sizeof buffer)) > 0;)
             text.append(buffer, static_cast<std::size_t>(n));
         return text;
-    };
+    }
 
+    int master = -1;
+    File in{nullptr, std::fclose}, err{nullptr, std::fclose};
     ConsoleOptions options;
-    options.in = in.get();
-    options.err = err.get();
+};
+
+TEST_F(TerminalTest, TheUserAnswersAtAPrompt)
+{
     ConsoleUi ui(options);
     EXPECT_EQ(write(master, "y\nn\n", 4), 4);
     EXPECT_TRUE(ui.message(MessageBox_YesNo, "Overwrite a.twc?"));
     EXPECT_FALSE(ui.message(MessageBox_YesNo, "Delete b.twc?"));
     EXPECT_EQ(screen(), "Overwrite a.twc? [y/N] Delete b.twc? [y/N] ");
+}
 
+// A message goes above the bar, which comes back at the same percent.
+TEST_F(TerminalTest, TheBarIsDrawnAndRedrawnBelowAMessage)
+{
+    ConsoleUi ui(options);
     ui.progressLaunch("Scan", false);
     EXPECT_TRUE(ui.progressCheck(50));
     ui.error("Line 7 skipped");
     ui.progressDrop();
     const std::string half = "Scan [###############...............]  50%";
     const std::string clear = "\r" + std::string(half.size(), ' ') + "\r";
-    // The message goes above the bar, which comes back at the same percent.
     EXPECT_EQ(screen(), "\rScan [..............................]   0%\r" + half + clear +
                             "Line 7 skipped\n\r" + half + clear);
+}
 
+TEST_F(TerminalTest, QuietDrawsNoBar)
+{
     options.quiet = true;
     ConsoleUi quiet(options);
     quiet.progressLaunch("Scan", false);
     EXPECT_TRUE(quiet.progressCheck(50));
     quiet.progressDrop();
     EXPECT_EQ(screen(), "");
-    close(master);
 }

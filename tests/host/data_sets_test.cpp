@@ -1,5 +1,6 @@
 // Data sets built through the C data calls: typed storage, load bracket, failure reasons.
 #include <cmath>
+#include <functional>
 #include <string>
 #include <optional>
 #include <vector>
@@ -48,7 +49,8 @@ const FieldDataType_e fourTypes[] = {FieldDataType_Double, FieldDataType_Int32, 
 
 TEST_F(DataSetTest, FieldsRoundAndClampPerTypeThroughHandlesThatSurviveLaterZones)
 {
-    ASSERT_TRUE(CvnUtilDataLoadStart() && create(fourVars));
+    ASSERT_TRUE(CvnUtilDataLoadStart());
+    ASSERT_TRUE(create(fourVars));
     ASSERT_TRUE(CvnUtilDataSetAddZone("Z1", 3, 2, 1, ZoneType_Ordered, fourTypes));
     FieldData_pa refs[4];
     for (EntIndex_t v = 1; v <= 4; ++v)
@@ -65,10 +67,7 @@ TEST_F(DataSetTest, FieldsRoundAndClampPerTypeThroughHandlesThatSurviveLaterZone
     CvnUtilArgListAppendInt(finish, "InitialPlotType", PlotType_XYLine);
     EXPECT_TRUE(CvnUtilDataLoadFinishX(finish));
     CvnUtilArgListDealloc(&finish);
-    ASSERT_TRUE(CvnUtilDataLoadStart());
-    EXPECT_EQ(CvnUtilDataValueGetRef(1, 1), nullptr) << "the earlier data set is out of reach";
-    ASSERT_TRUE(create(fourVars) && CvnUtilDataLoadFinishX(nullptr));
-    EXPECT_EQ(dataSets()[0].initialPlotType, std::optional<int>(PlotType_XYLine));
+    EXPECT_EQ(dataSets().at(0).initialPlotType, std::optional<int>(PlotType_XYLine));
 
     const double stored[4][6] = {{2.5, -2.5, 3e10, -3e10, 300, NAN},
                                  {3, -3, 2147483647, -2147483648.0, 300, 0},
@@ -80,22 +79,53 @@ TEST_F(DataSetTest, FieldsRoundAndClampPerTypeThroughHandlesThatSurviveLaterZone
                         testing::NanSensitiveDoubleEq(stored[v][p]));
 }
 
+TEST_F(DataSetTest, TheNextLoadCannotReachAnEarlierDataSet)
+{
+    ASSERT_TRUE(CvnUtilDataLoadStart());
+    ASSERT_TRUE(create(fourVars));
+    ASSERT_TRUE(CvnUtilDataSetAddZone("Z1", 3, 2, 1, ZoneType_Ordered, fourTypes));
+    ASSERT_TRUE(CvnUtilDataLoadFinishX(nullptr));
+    ASSERT_TRUE(CvnUtilDataLoadStart());
+    EXPECT_EQ(CvnUtilDataValueGetRef(1, 1), nullptr);
+    ASSERT_TRUE(create(fourVars));
+    EXPECT_TRUE(CvnUtilDataLoadFinishX(nullptr));
+    EXPECT_EQ(dataSets().size(), 2u);
+}
+
+/* Each call in a fresh state: no load open, a load without a data set, or a
+   load with one; a success clears the reason of a failure before it. */
 TEST_F(DataSetTest, FailedCallsKeepTheirExactReasonForThePostedErrorBox)
 {
-    expectPosted(create(fourVars), "Cannot create the data set: no data load is open (call "
-                 "CvnUtilDataLoadStart first and CvnUtilDataLoadFinishX after)");
-    ASSERT_TRUE(CvnUtilDataLoadStart());
-    expectPosted(CvnUtilDataSetAddZone("Z", 2, 2, 2, ZoneType_Ordered, fourTypes),
-                 "Cannot add zone \"Z\": no data set was created in the open data load");
-    expectPosted(create(std::nullopt),
-                 "Cannot create the data set: the argument list has no \"VarNames\"");
-    expectPosted(create(Strings{}),
-                 "Cannot create the data set: \"VarNames\" holds no variable names");
-    expectPosted(create(fourVars), ""); /* a success clears the reason */
-    expectPosted(CvnUtilDataSetAddZone("Flat", 3, 0, 1, ZoneType_Ordered, fourTypes),
-                 "Cannot add zone \"Flat\": IMax, JMax and KMax must be at least 1 (got 3, 0, 1)");
-    expectPosted(CvnUtilDataSetAddZone("Huge", 2000000, 2000000, 1000000, ZoneType_Ordered,
-                                       fourTypes),
-                 "Cannot add zone \"Huge\": out of memory for 4000000000000000000 points");
-    EXPECT_TRUE(CvnUtilDataLoadFinishX(nullptr));
+    enum State { noLoad, load, dataSet };
+    const struct { State state; std::function<Boolean_t()> call; std::string reason; } rows[] = {
+        {noLoad, [] { return create(fourVars); },
+         "Cannot create the data set: no data load is open (call CvnUtilDataLoadStart first and "
+         "CvnUtilDataLoadFinishX after)"},
+        {load, [] { return CvnUtilDataSetAddZone("Z", 2, 2, 2, ZoneType_Ordered, fourTypes); },
+         "Cannot add zone \"Z\": no data set was created in the open data load"},
+        {load, [] { return create(std::nullopt); },
+         "Cannot create the data set: the argument list has no \"VarNames\""},
+        {load, [] { return create(Strings{}); },
+         "Cannot create the data set: \"VarNames\" holds no variable names"},
+        {load, [] { create(std::nullopt); return create(fourVars); }, ""},
+        {dataSet, [] { return CvnUtilDataSetAddZone("Flat", 3, 0, 1, ZoneType_Ordered, fourTypes); },
+         "Cannot add zone \"Flat\": IMax, JMax and KMax must be at least 1 (got 3, 0, 1)"},
+        {dataSet,
+         [] {
+             return CvnUtilDataSetAddZone("Huge", 2000000, 2000000, 1000000, ZoneType_Ordered,
+                                          fourTypes);
+         },
+         "Cannot add zone \"Huge\": out of memory for 4000000000000000000 points"},
+    };
+    for (const auto &row : rows) {
+        corvane::host::clearDataSets();
+        if (row.state != noLoad) {
+            ASSERT_TRUE(CvnUtilDataLoadStart());
+        }
+        if (row.state == dataSet) {
+            ASSERT_TRUE(create(fourVars));
+        }
+        expectPosted(row.call(), row.reason);
+        EXPECT_EQ(CvnUtilDataLoadFinishX(nullptr), row.state != noLoad) << row.reason;
+    }
 }

@@ -13,7 +13,7 @@ using namespace corvane::host;
 
 using HandlesTest = HostTest;
 
-TEST_F(HandlesTest, StringsAreZeroFilledLabelledAndOnlyTheChosenAllocationFails)
+TEST_F(HandlesTest, StringsAreZeroFilledAndLabelled)
 {
     char *text = CvnUtilStringAlloc(5, "ConfigStr");
     ASSERT_NE(text, nullptr);
@@ -22,19 +22,24 @@ TEST_F(HandlesTest, StringsAreZeroFilledLabelledAndOnlyTheChosenAllocationFails)
     CvnUtilStringDealloc(&text);
     EXPECT_EQ(text, nullptr);
     CvnUtilStringDealloc(&text); // a second release is harmless
+    EXPECT_EQ(hostObjectsMade(), 0);
+}
 
+TEST_F(HandlesTest, OnlyTheChosenAllocationFailsAndTheHostShowsNoBox)
+{
     failHostAllocationAt(2);
-    text = CvnUtilStringAlloc(3, "first");
+    char *text = CvnUtilStringAlloc(3, "first");
     EXPECT_EQ(CvnUtilStringListAlloc(), nullptr);
     Set_s *set = CvnUtilSetAlloc(TRUE);
-    EXPECT_TRUE(text && set);
-    EXPECT_TRUE(ui().transcript().empty()) << "the host shows no box of its own";
+    EXPECT_NE(text, nullptr);
+    EXPECT_NE(set, nullptr);
+    EXPECT_TRUE(ui().transcript().empty());
     CvnUtilSetDealloc(&set);
     CvnUtilStringDealloc(&text);
     EXPECT_EQ(hostObjectsMade(), 0);
 }
 
-TEST_F(HandlesTest, ListsSetsAndArgumentListsHoldCopies)
+TEST_F(HandlesTest, ArgumentListsHoldCopiesFoundByNameIgnoringCase)
 {
     StringList_s *list = CvnUtilStringListAlloc();
     EXPECT_TRUE(CvnUtilStringListAppendString(list, "X"));
@@ -54,13 +59,17 @@ TEST_F(HandlesTest, ListsSetsAndArgumentListsHoldCopies)
               (std::vector<std::string>{"X", ""}));
     EXPECT_EQ(args->find("LoaderNam"), nullptr);
     CvnUtilArgListDealloc(&args);
+    EXPECT_EQ(hostObjectsMade(), 0);
+}
 
-    // Sets hold 1-based members; a copy adds to the destination.
+// Sets hold 1-based members; a copy adds to the destination.
+TEST_F(HandlesTest, SetsHoldMembersFromOneAndACopyAdds)
+{
     Set_s *dst = CvnUtilSetAlloc(TRUE);
     Set_s *src = CvnUtilSetAlloc(TRUE);
     EXPECT_FALSE(CvnUtilSetAddMember(dst, 0, TRUE));
-    EXPECT_TRUE(CvnUtilSetAddMember(dst, 7, TRUE) && CvnUtilSetAddMember(dst, 2, TRUE));
-    EXPECT_TRUE(CvnUtilSetAddMember(src, 2, TRUE) && CvnUtilSetAddMember(src, 40, TRUE));
+    for (auto [set, member] : {std::pair{dst, 7}, {dst, 2}, {src, 2}, {src, 40}})
+        EXPECT_TRUE(CvnUtilSetAddMember(set, member, TRUE)) << member;
     EXPECT_TRUE(CvnUtilSetCopy(dst, src, TRUE));
     EXPECT_TRUE(CvnUtilSetRemoveMember(dst, 7));
     EXPECT_EQ(CvnUtilSetGetNextMember(dst, CVN_NO_MEMBER), 2);

@@ -48,7 +48,7 @@ protected:
     }
 };
 
-TEST_F(LoaderTest, RegisteredLoadersAreReplayedAndSelectedByName)
+TEST_F(LoaderTest, RegistrationTakesKnownArgumentsOfTheirType)
 {
     EXPECT_EQ(addLoader("Fake", true), Strings{});
     ASSERT_NE(findLoader("FAKE"), nullptr);
@@ -57,17 +57,31 @@ TEST_F(LoaderTest, RegisteredLoadersAreReplayedAndSelectedByName)
               Strings{"Cannot add the loader: unknown argument \"LoaderColour\""});
     EXPECT_EQ(addLoader("Bad", false, "LoaderName"),
               Strings{"Cannot add the loader: \"LoaderName\" must be a string"});
+    EXPECT_EQ(findLoader("Bad"), nullptr);
+}
 
+TEST_F(LoaderTest, LoadersAreReplayedAndSelectedByNameIgnoringCase)
+{
+    addLoader("Fake", true);
     Expected<bool> replayed = replayLoad("fake", {"data.txt", "rules"});
-    ASSERT_TRUE(replayed && *replayed);
+    ASSERT_TRUE(replayed) << replayed.error();
+    EXPECT_TRUE(*replayed);
     EXPECT_EQ(seen, (Strings{"data.txt", "rules"}));
-    replayed = replayLoad("Missing", {"x"});
+    ASSERT_TRUE(selectLoader("FAKE", {"previous.txt", "rules"}));
+    EXPECT_EQ(seen, (Strings{"selected", "previous.txt", "rules"}));
+}
+
+TEST_F(LoaderTest, AMissingLoaderIsNamed)
+{
+    Expected<bool> replayed = replayLoad("Missing", {"x"});
     ASSERT_FALSE(replayed);
     EXPECT_EQ(replayed.error(), "no loader named \"Missing\" is registered");
+}
 
-    ASSERT_TRUE(selectLoader("Fake", {"previous.txt", "rules"}));
-    EXPECT_EQ(seen, (Strings{"selected", "previous.txt", "rules"}));
-    EXPECT_EQ(addLoader("fake", false), Strings{}) << "the same name replaces";
+TEST_F(LoaderTest, TheSameNameReplacesTheLoader)
+{
+    addLoader("Fake", true);
+    EXPECT_EQ(addLoader("fake", false), Strings{});
     ASSERT_EQ(loaders().size(), 1u);
     Expected<void> selected = selectLoader("Fake", {});
     ASSERT_FALSE(selected);

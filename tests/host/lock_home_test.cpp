@@ -30,17 +30,31 @@ static std::string homeDirectory()
     return text;
 }
 
+// Only this test of this executable reads these variables; nullptr unsets one.
 TEST_F(LockHomeTest, HomeIsCorvaneHomeThenTheDataFolderThenHome)
 {
-    // Only this test of this executable reads these variables.
+    const struct { const char *corvaneHome, *dataHome, *home; } rows[] = {
+        {"/opt/corvane", "/srv/data", "/opt/corvane"},
+        {nullptr, "/srv/data", "/srv/data/corvane"},
+        {nullptr, "", "/home/ana/.local/share/corvane"},
+        {nullptr, nullptr, "/home/ana/.local/share/corvane"},
+    };
     setenv("HOME", "/home/ana", 1);
-    setenv("XDG_DATA_HOME", "/srv/data", 1);
-    setenv("CORVANE_HOME", "/opt/corvane", 1);
-    EXPECT_EQ(homeDirectory(), "/opt/corvane");
-    unsetenv("CORVANE_HOME");
-    EXPECT_EQ(homeDirectory(), "/srv/data/corvane");
-    setenv("XDG_DATA_HOME", "", 1);
-    EXPECT_EQ(homeDirectory(), "/home/ana/.local/share/corvane");
+    for (const auto &row : rows) {
+        for (auto [name, value] : {std::pair{"CORVANE_HOME", row.corvaneHome},
+                                   {"XDG_DATA_HOME", row.dataHome}}) {
+            if (value)
+                setenv(name, value, 1);
+            else
+                unsetenv(name);
+        }
+        EXPECT_EQ(homeDirectory(), row.home);
+    }
+    EXPECT_EQ(hostObjectsMade(), 0);
+}
+
+TEST_F(LockHomeTest, WithoutAHostStringThereIsNoHome)
+{
     failHostAllocationAt(1);
     EXPECT_EQ(homeDirectory(), "<null>");
     EXPECT_EQ(hostObjectsMade(), 0);
