@@ -66,7 +66,7 @@ TEST(CommandLine, RunOptionsOfLoadAndReplay)
     EXPECT_EQ(replay.policy, true);
 }
 
-TEST(CommandLine, UsageErrorsNameTheProblemAndHelpIsNoError)
+TEST(CommandLine, UsageErrorsNameTheProblem)
 {
     const std::pair<std::vector<std::string>, std::string> cases[] = {
         {{}, "A subcommand is required"},
@@ -92,17 +92,26 @@ TEST(CommandLine, UsageErrorsNameTheProblemAndHelpIsNoError)
         EXPECT_EQ(stop.status, exitUsage) << problem;
         EXPECT_EQ(stop.err, usage(problem));
     }
-    // Run writes usage errors to its error stream.
+}
+
+TEST(CommandLine, RunWritesUsageErrorsToItsErrorStream)
+{
     testfiles::Result run = testfiles::runInProcess({"replay"});
     EXPECT_EQ(run.status, exitUsage);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, usage("LAYOUT is required"));
+}
 
-    ParseStop top = parse<ParseStop>({"--help"});
-    EXPECT_EQ(top.status, exitSuccess);
-    EXPECT_NE(top.out.find("Usage: corvane [OPTIONS] SUBCOMMAND"), std::string::npos);
-    ParseStop load = parse<ParseStop>({"load", "--help"});
-    EXPECT_NE(load.out.find("Usage: corvane load [OPTIONS] DATAFILE"), std::string::npos);
-    ParseStop replay = parse<ParseStop>({"replay", "-h"});
-    EXPECT_NE(replay.out.find("Usage: corvane replay [OPTIONS] LAYOUT"), std::string::npos);
+TEST(CommandLine, HelpIsNoError)
+{
+    const std::pair<std::vector<std::string>, std::string> cases[] = {
+        {{"--help"}, "Usage: corvane [OPTIONS] SUBCOMMAND"},
+        {{"load", "--help"}, "Usage: corvane load [OPTIONS] DATAFILE"},
+        {{"replay", "-h"}, "Usage: corvane replay [OPTIONS] LAYOUT"},
+    };
+    for (const auto &[args, usageLine] : cases) {
+        ParseStop stop = parse<ParseStop>(args);
+        EXPECT_EQ(stop.status, exitSuccess) << usageLine;
+        EXPECT_NE(stop.out.find(usageLine), std::string::npos) << stop.out;
+    }
 }

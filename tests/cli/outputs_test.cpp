@@ -116,10 +116,6 @@ TEST(Outputs, CsvAndLayoutOfTheSameDataSets)
     sets[1] = smallSet();
     EXPECT_EQ(written([&](std::FILE *out) { writeCsv(out, sets); }),
               "zone,h\n1,1\n2,\n\nt,\"p, kPa\"\n0.1,\n1e+20,-0\n");
-    EXPECT_EQ(csvCell("say \"hi\"\nnow"), "\"say \"\"hi\"\"\nnow\"");
-    EXPECT_EQ(csvCell("cr\rhere"), "\"cr\rhere\"");
-    EXPECT_EQ(asUtf8("25 \xb0""C, \xe2\x82\xac 3, cut \xe2\x82"),
-              "25 \xc2\xb0""C, \xe2\x82\xac 3, cut \xc3\xa2\xc2\x82");
 
     std::string layout = written([&](std::FILE *out) { writeLayout(out, sets); });
     EXPECT_EQ(layout, R"({
@@ -137,6 +133,15 @@ TEST(Outputs, CsvAndLayoutOfTheSameDataSets)
 )");
     EXPECT_EQ(parseLayout(layout).value(),
               std::vector<host::LoaderInstructions>{*sets[1].loaderInstructions});
+}
+
+/* Quoted as RFC 4180 says; bytes that are not UTF-8 read as Latin-1. */
+TEST(Outputs, CsvCellsAndTextsAsUtf8)
+{
+    EXPECT_EQ(csvCell("say \"hi\"\nnow"), "\"say \"\"hi\"\"\nnow\"");
+    EXPECT_EQ(csvCell("cr\rhere"), "\"cr\rhere\"");
+    EXPECT_EQ(asUtf8("25 \xb0""C, \xe2\x82\xac 3, cut \xe2\x82"),
+              "25 \xc2\xb0""C, \xe2\x82\xac 3, cut \xc3\xa2\xc2\x82");
 }
 
 TEST(Outputs, LayoutReaderRefusesWhatIsNotALayout)
@@ -160,24 +165,31 @@ TEST(Outputs, LayoutReaderRefusesWhatIsNotALayout)
               "cannot read layout /nonexistent/layout.json: No such file or directory");
 }
 
+/* Written beside the target: until the commit the old file stays, and an
+   uncommitted file is removed. */
 TEST(Outputs, OutputFileAppearsOnlyWhenCommitted)
 {
-    ScratchDir dir;
-    std::string target = (dir / "out.json").string();
-    writeFile(target, "old");
-    {
-        auto file = OutputFile::create(target);
-        ASSERT_TRUE(file) << file.error();
-        std::fputs("partial", (*file).stream());
-        EXPECT_EQ(readFile(target), "old");
-    } // never committed: removed
-    EXPECT_EQ(dir.entries(), std::vector<std::string>{"out.json"});
-    auto file = OutputFile::create(target);
-    std::fputs("new", (*file).stream());
-    EXPECT_TRUE((*file).commit());
-    EXPECT_EQ(dir.entries(), std::vector<std::string>{"out.json"});
-    EXPECT_EQ(readFile(target), "new");
+    for (bool commit : {false, true}) {
+        ScratchDir dir;
+        std::string target = (dir / "out.json").string();
+        writeFile(target, "old");
+        {
+            auto file = OutputFile::create(target);
+            ASSERT_TRUE(file) << file.error();
+            std::fputs("new", (*file).stream());
+            EXPECT_EQ(readFile(target), "old") << commit;
+            if (commit) {
+                EXPECT_TRUE((*file).commit());
+            }
+        }
+        EXPECT_EQ(dir.entries(), std::vector<std::string>{"out.json"}) << commit;
+        EXPECT_EQ(readFile(target), commit ? "new" : "old");
+    }
+}
 
+TEST(Outputs, AnOutputInAMissingFolderIsRefused)
+{
+    ScratchDir dir;
     std::string nowhere = (dir / "missing" / "x.csv").string();
     EXPECT_EQ(OutputFile::create(nowhere).error(),
               "cannot write " + nowhere + ": No such file or directory");
