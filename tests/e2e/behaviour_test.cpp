@@ -35,90 +35,105 @@ const std::string scanStart =
 const std::string released =
     "{\"event\":\"progress\",\"label\":\"Releasing memory...\",\"cancel\":false}\n" + progressEnd;
 const std::string readError = "Error reading input file\n";
+const std::string transferred =
+    "{\"event\":\"progress\",\"label\":\"Transferring data to Corvane...\",\"cancel\":true}\n" +
+    progressEnd;
 
 } // namespace
 
+/* A data file whose lines 3 and 4 hold 2 values under 3 names, loaded with
+   options; each row in a fresh folder. Without an answer or a terminal: No,
+   with a hint. Yes to the first by the list, then the policy: the missing
+   values are 0. */
 TEST(Behaviour, AnswersToTheLoadersQuestions)
 {
-    ScratchDir scratch;
-    writeFile(scratch / "short.txt", "a b c\n1 2 3\n4 5\n6 7\n8 9 10\n"); // lines 3, 4 are short
-    writeFile(scratch / "short.twc",
-              "VARIABLES { SEARCH = LINE STARTLINE = 1 ENDLINE = 1 }\nDATA { IMPORT { STARTID = "
-              "FIRSTNUMERICLINE { } ENDID = EOF { } } }\n");
-    auto loadShort = [&](std::vector<std::string> options) {
-        options.insert(options.begin(), {"load", "short.txt", "--set", "short.twc", "--transcript",
-                                         "t.jsonl", "-o", "out.json"});
-        return runCorvane(options, scratch.path());
+    const std::string failed = progressEnd +
+                               "{\"event\":\"error\",\"text\":\"Error reading input file\"}\n" +
+                               released;
+    const std::string finished = progressEnd + transferred + released;
+    const struct {
+        std::vector<std::string> options;
+        int status;
+        std::string err, out, transcript, csv; /* csv: none when empty */
+    } rows[] = {
+        {{}, 1,
+         mismatch(3) + " -> no\ncorvane: answered No to the question above; --yes or --answers "
+                       "would answer Yes\n" + readError,
+         "", scanStart + question(3, "no") + failed, ""},
+        {{"--no"}, 1, mismatch(3) + " -> no\n" + readError, "",
+         scanStart + question(3, "no") + failed, ""},
+        {{"--answers", "y,n", "--yes"}, 1,
+         mismatch(3) + " -> yes\n" + mismatch(4) + " -> no\n" + readError, "",
+         scanStart + question(3, "yes") + question(4, "no") + failed, ""},
+        {{"--answers", "yes", "--yes", "-q"}, 0,
+         mismatch(3) + " -> yes\n" + mismatch(4) + " -> yes\n",
+         "\"New Dataset\": 3 variables, 1 zone, 4 points\n",
+         scanStart + question(3, "yes") + question(4, "yes") + finished,
+         "a,b,c\n1,2,3\n4,5,0\n6,7,0\n8,9,10\n"},
     };
-    Result none = loadShort({}); // no answer and no terminal: No, with a hint
-    EXPECT_EQ(none.status, 1);
-    EXPECT_EQ(none.err, mismatch(3) + " -> no\ncorvane: answered No to the question above; "
-                                      "--yes or --answers would answer Yes\n" + readError);
-    Result no = loadShort({"--no"});
-    EXPECT_EQ(no.status, 1);
-    EXPECT_EQ(no.err, mismatch(3) + " -> no\n" + readError);
-
-    Result some = loadShort({"--answers", "y,n", "--yes"});
-    EXPECT_EQ(some.status, 1);
-    EXPECT_EQ(some.err, mismatch(3) + " -> yes\n" + mismatch(4) + " -> no\n" + readError);
-    EXPECT_EQ(readFile(scratch / "t.jsonl"),
-              scanStart + question(3, "yes") + question(4, "no") + progressEnd +
-                  "{\"event\":\"error\",\"text\":\"Error reading input file\"}\n" + released);
-    EXPECT_FALSE(fs::exists(scratch / "out.json"));
-
-    // Yes to the first by the list, then the policy: the missing values are 0.
-    Result yes = loadShort({"--answers", "yes", "--yes", "-q"});
-    EXPECT_EQ(yes.status, 0);
-    EXPECT_EQ(yes.err, mismatch(3) + " -> yes\n" + mismatch(4) + " -> yes\n");
-    EXPECT_EQ(yes.out, "\"New Dataset\": 3 variables, 1 zone, 4 points\n");
-    EXPECT_NE(readFile(scratch / "out.json").find("[1, 4, 6, 8],\n        [2, 5, 7, 9],\n"
-                                                  "        [3, 0, 0, 10]\n"),
-              std::string::npos);
+    for (const auto &row : rows) {
+        ScratchDir scratch;
+        writeFile(scratch / "short.txt", "a b c\n1 2 3\n4 5\n6 7\n8 9 10\n");
+        writeFile(scratch / "short.twc",
+                  "VARIABLES { SEARCH = LINE STARTLINE = 1 ENDLINE = 1 }\nDATA { IMPORT { "
+                  "STARTID = FIRSTNUMERICLINE { } ENDID = EOF { } } }\n");
+        std::vector<std::string> args{"load", "short.txt", "--set", "short.twc",
+                                      "--transcript", "t.jsonl", "-o", "out.csv"};
+        args.insert(args.end(), row.options.begin(), row.options.end());
+        Result run = runCorvane(args, scratch.path());
+        std::string trace = ::testing::PrintToString(row.options);
+        EXPECT_EQ(run.status, row.status) << trace;
+        EXPECT_EQ(run.err, row.err) << trace;
+        EXPECT_EQ(run.out, row.out) << trace;
+        EXPECT_EQ(readFile(scratch / "t.jsonl"), row.transcript) << trace;
+        EXPECT_EQ(fs::exists(scratch / "out.csv"), !row.csv.empty()) << trace;
+        EXPECT_EQ(readFile(scratch / "out.csv"), row.csv) << trace;
+    }
 }
 
+/* The scan never reaches 100 percent (line ends are not counted), so Cancel
+   at 100 lands in the transfer, after the last value: a transfer stopped
+   there is a finished load. */
 TEST(Behaviour, TranscriptsOfCancelledAndFinishedLoads)
 {
-    ScratchDir scratch;
-    // The scan never reaches 100 percent (line ends are not counted), so Cancel at 100 lands
-    // in the transfer, after the last value: a transfer stopped there is a finished load.
-    const std::string transferred = "{\"event\":\"progress\",\"label\":\"Transferring data to "
-                                    "Corvane...\",\"cancel\":true}\n" + progressEnd;
     const std::tuple<const char *, int, std::string> cases[] = {
         {"0", 1, scanStart + progressEnd + released},
         {"100", 0, scanStart + progressEnd + transferred + released}};
     for (const auto &[percent, status, transcript] : cases) {
-        fs::remove(scratch / "out.csv");
+        ScratchDir scratch;
         Result run = runCorvane({"load", (realDataDir / "noaa_co2_mm_mlo_2018.txt").string(),
                                  "--set", "realdata/co2_mlo.twc", "--cancel-at", percent,
                                  "--transcript", (scratch / "t.jsonl").string(), "-o",
                                  (scratch / "out.csv").string()},
                                 examplesDir);
         EXPECT_EQ(run.status, status) << percent;
-        EXPECT_EQ(run.err, "");
-        EXPECT_EQ(readFile(scratch / "t.jsonl"), transcript);
-        EXPECT_EQ(fs::exists(scratch / "out.csv"), status == 0);
+        EXPECT_EQ(run.err, "") << percent;
+        EXPECT_EQ(readFile(scratch / "t.jsonl"), transcript) << percent;
+        EXPECT_EQ(fs::exists(scratch / "out.csv"), status == 0) << percent;
     }
+}
+
+/* Every input of the failing runs below, in folder. */
+static void writeInputs(const fs::path &folder)
+{
+    writeFile(folder / "empty.txt", "");
+    std::string binary;
+    for (int i = 0; i < 4096; ++i)
+        binary += static_cast<char>(i % 256);
+    writeFile(folder / "binary.dat", binary);
+    writeFile(folder / "long.txt", "x y\n" + std::string(64000, '1') + "\n");
+    writeFile(folder / "broken.twc", "#!CORVANE_TABWISE\nVERSION = 100\nTITLE\n{\n SEARCH = X\n}\n");
+    for (const char *name : {"cooling_curve.twc", "duct_pressure.twc", "cooling_curve.txt"})
+        fs::copy_file(examplesDir / name, folder / name);
+    const std::string layout = R"({"corvaneLayout": 1, "loads": [)";
+    writeFile(folder / "other.json", layout + R"({"loader": "Other", "strings": ["a"]}]})");
+    writeFile(folder / "mixed.json", layout + R"({"loader": "Ordalis Loader", "strings": )"
+              R"(["cooling_curve.txt", "CONFIGFNAME=\"cooling_curve.twc\""]}, )"
+              R"({"loader": "Ordalis Loader", "strings": ["cooling_curve.txt"]}]})");
 }
 
 TEST(Behaviour, BadInputAddOnOrLayoutEndsWithItsMessageAndNoOutput)
 {
-    ScratchDir scratch;
-    writeFile(scratch / "empty.txt", "");
-    std::string binary;
-    for (int i = 0; i < 4096; ++i)
-        binary += static_cast<char>(i % 256);
-    writeFile(scratch / "binary.dat", binary);
-    writeFile(scratch / "long.txt", "x y\n" + std::string(64000, '1') + "\n");
-    writeFile(scratch / "broken.twc",
-              "#!CORVANE_TABWISE\nVERSION = 100\nTITLE\n{\n SEARCH = X\n}\n");
-    for (const char *name : {"cooling_curve.twc", "duct_pressure.twc", "cooling_curve.txt"})
-        fs::copy_file(examplesDir / name, scratch / name);
-    const std::string layout = R"({"corvaneLayout": 1, "loads": [)";
-    writeFile(scratch / "other.json", layout + R"({"loader": "Other", "strings": ["a"]}]})");
-    writeFile(scratch / "mixed.json", layout + R"({"loader": "Ordalis Loader", "strings": )"
-              R"(["cooling_curve.txt", "CONFIGFNAME=\"cooling_curve.twc\""]}, )"
-              R"({"loader": "Ordalis Loader", "strings": ["cooling_curve.txt"]}]})");
-
     const std::pair<std::vector<std::string>, std::string> cases[] = {
         {{"load", "missing.txt", "--set", "cooling_curve.twc"},
          "Cannot open file \"missing.txt\" for reading.\nCheck disk space or permissions\n" +
@@ -150,14 +165,23 @@ TEST(Behaviour, BadInputAddOnOrLayoutEndsWithItsMessageAndNoOutput)
                                    "formatted correctly\n"},
     };
     for (auto [args, err] : cases) {
+        ScratchDir scratch;
+        writeInputs(scratch.path());
         args.insert(args.end(), {"-o", "out.json", "--save-layout", "layout.json"});
         Result run = runCorvane(args, scratch.path());
-        EXPECT_EQ(run.status, 1) << args[1] << " " << args[2];
-        EXPECT_EQ(run.err, err);
-        EXPECT_FALSE(fs::exists(scratch / "out.json") || fs::exists(scratch / "layout.json"));
+        std::string trace = ::testing::PrintToString(args);
+        EXPECT_EQ(run.status, 1) << trace;
+        EXPECT_EQ(run.err, err) << trace;
+        EXPECT_EQ(run.out, "") << trace;
+        EXPECT_FALSE(fs::exists(scratch / "out.json")) << trace;
+        EXPECT_FALSE(fs::exists(scratch / "layout.json")) << trace;
     }
-    Result notLayout = runCorvane({"replay", "cooling_curve.twc"}, scratch.path());
-    EXPECT_EQ(notLayout.status, 2);
-    EXPECT_EQ(notLayout.err, "cooling_curve.twc: not a corvane layout (not JSON)\n"
-                             "Run with --help for more information.\n");
+}
+
+TEST(Behaviour, ReplayOfAFileThatIsNotALayoutIsAUsageError)
+{
+    Result run = runCorvane({"replay", "cooling_curve.twc"}, examplesDir);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "cooling_curve.twc: not a corvane layout (not JSON)\n"
+                       "Run with --help for more information.\n");
 }
