@@ -40,34 +40,25 @@ static Record Probe()
     return Source;
 }
 
+/* Onto a new record holding member 9, and onto itself (nothing changes). */
 TEST_F(RecordTest, CopyKeepsTheDestinationsPlaceAndSetObject)
 {
-    Record Source = Probe(), Dest = NewRecord();
-    TW_ConfigInstructions_s *D = Dest.get();
-    Set_s *DestSet = D->Variables.LoadedVars;
-    CvnUtilSetAddMember(DestSet, 9, TRUE);
-    CopyInstructionSet(&D, Source.get());
-    EXPECT_EQ(D, Dest.get());
-    EXPECT_EQ(Strings({D->TitleName, D->GlobalFilters.Comment, D->ConfigFileName, D->FilePath}),
-              Strings({"Run 7", " %", " /lib/probe.twc", "<untitled>"}));
-    EXPECT_EQ(Names(D->Variables), Strings({"X", "Y"}));
-    EXPECT_EQ(D->Variables.EndLine, 4);
-    EXPECT_EQ(D->Variables.LoadedVars, DestSet);
-    EXPECT_EQ(Members(DestSet), Longs{2});
-}
-
-TEST_F(RecordTest, CopyOntoItselfChangesNothing)
-{
-    Record Source = Probe();
-    TW_ConfigInstructions_s *S = Source.get();
-    Set_s *Set = S->Variables.LoadedVars;
-    const std::string Before = Print(S, false);
-    CopyInstructionSet(&S, S);
-    EXPECT_EQ(S, Source.get());
-    EXPECT_EQ(Print(S, false), Before);
-    EXPECT_STREQ(S->TitleName, " Run 7\t");
-    EXPECT_EQ(S->Variables.LoadedVars, Set);
-    EXPECT_EQ(Members(Set), Longs{2});
+    for (bool itself : {false, true}) {
+        Record Source = Probe(), Dest = itself ? nullptr : NewRecord();
+        TW_ConfigInstructions_s *D = itself ? Source.get() : Dest.get(), *Place = D;
+        Set_s *DestSet = D->Variables.LoadedVars;
+        if (!itself)
+            CvnUtilSetAddMember(DestSet, 9, TRUE);
+        CopyInstructionSet(&D, Source.get());
+        EXPECT_EQ(D, Place);
+        EXPECT_EQ(Strings({D->TitleName, D->GlobalFilters.Comment, D->ConfigFileName, D->FilePath}),
+                  Strings({itself ? " Run 7\t" : "Run 7", " %", " /lib/probe.twc",
+                           itself ? "/lib/probe.twc" : "<untitled>"}));
+        EXPECT_EQ(Names(D->Variables), Strings({"X", "Y"})) << itself;
+        EXPECT_EQ(D->Variables.EndLine, 4) << itself;
+        EXPECT_EQ(D->Variables.LoadedVars, DestSet) << itself;
+        EXPECT_EQ(Members(DestSet), Longs{2}) << itself;
+    }
 }
 
 /* From a source without names the variables copy keeps the names and adds
