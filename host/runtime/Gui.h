@@ -1,9 +1,13 @@
 /*
  * Gui.h - the in-memory dialog toolkit behind the CvnGUI* calls: dialogs
- * and their controls as plain records, and the actions of a user (press a
- * button, tick a toggle, type into a field, pick list items) for tests and
- * scripted sessions. Actions call the control's callback as the toolkit
- * would; the CvnGUI*Set* calls of add-ons change values without callbacks.
+ * and their controls as plain records, the stack of dialogs that are up,
+ * and the actions of a user (press a button, tick a toggle, type into a
+ * field, pick list items) as booleans. GuiActions.h gives the same actions
+ * with the reason of a refusal, GuiState.h the whole state as one value
+ * with captions and lookups by name, GuiEvents.h change notifications.
+ *
+ * The toolkit is single-threaded: every call, and every add-on callback it
+ * makes, runs on the thread of the host's user interface.
  */
 #ifndef CORVANE_HOST_GUI_H
 #define CORVANE_HOST_GUI_H
@@ -26,6 +30,8 @@ struct Dialog {
     LgIndex_t id = CVNGUI_BAD_ID;
     LgIndex_t parent = CVNGUI_MAIN_DIALOG_ID;
     std::string title{};
+    LgIndex_t width = 0; /* dialog units, as created */
+    LgIndex_t height = 0;
     CvnGUIDialogCallback_pf init = nullptr;
     CvnGUIDialogCallback_pf ok = nullptr;
     CvnGUIDialogCallback_pf apply = nullptr;
@@ -39,7 +45,10 @@ struct Control {
     LgIndex_t id = CVNGUI_BAD_ID;
     LgIndex_t dialog = CVNGUI_BAD_ID;
     ControlKind kind = ControlKind::label;
-    std::string label{};            /* frame, label, button, toggle */
+    /* Position and size in dialog units, as given; a label has no size. */
+    LgIndex_t x = 0, y = 0, width = 0, height = 0;
+    std::string label{};            /* frame, button, toggle; a label's current text */
+    bool showsValue = false;        /* label created blank: it shows a value, not a name */
     LgIndex_t value = 0;            /* toggle 0/1; radio box and option menu: the 1-based item */
     std::string text{};             /* text field and multi-line text */
     std::vector<std::string> items{}; /* radio box, option menu and list items */
@@ -64,8 +73,15 @@ LgIndex_t controlByLabel(LgIndex_t dialog, ControlKind kind, std::string_view la
 /* The dialog's controls of one kind, in the order they were added. */
 std::vector<LgIndex_t> controlsOfKind(LgIndex_t dialog, ControlKind kind);
 
+/* The dialogs that are up, in the order they were launched: the last one is
+   the top dialog, the one the user works in. */
+const std::vector<LgIndex_t> &dialogsUp();
+/* The top dialog, or CVNGUI_BAD_ID when none is up. */
+LgIndex_t topDialog();
+
 /* User actions. Each fails (false, nothing called) when the control is
-   unknown, of another kind, insensitive, or its dialog is not up. */
+   unknown, of another kind, insensitive, or not in the top dialog; see
+   GuiActions.h for the reason. */
 bool pressDialogButton(LgIndex_t dialog, DialogButton button);
 bool pressButton(LgIndex_t button);
 bool setToggle(LgIndex_t toggle, bool on);
@@ -79,7 +95,10 @@ bool typeText(LgIndex_t control, std::string_view text);
 bool selectItem(LgIndex_t list, LgIndex_t position);
 bool selectItems(LgIndex_t list, std::span<const LgIndex_t> positions);
 
-/* Forgets every dialog and control (ids start again at 1). */
+/* Takes down every dialog that is up, top first, calling nothing: the host
+   closing its windows as it ends. */
+void dropAllDialogs();
+/* Forgets every dialog, control and subscription (ids start again at 1). */
 void resetGui();
 
 } // namespace corvane::host::gui

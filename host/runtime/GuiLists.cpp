@@ -21,30 +21,38 @@ bool inRange(const Control &list, LgIndex_t position)
 {
     return position >= 1 && position <= static_cast<LgIndex_t>(list.items.size());
 }
+
+void setSelection(Control &list, std::vector<LgIndex_t> selection)
+{
+    change(list, list.selection, std::move(selection), Change::selection);
+}
 } // namespace
 
 extern "C" {
 
-LgIndex_t CvnGUIListAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
-                        LgIndex_t /*Width*/, LgIndex_t /*Height*/, Boolean_t IsMultiSelection,
+LgIndex_t CvnGUIListAdd(LgIndex_t ParentDialogID, LgIndex_t X, LgIndex_t Y, LgIndex_t Width,
+                        LgIndex_t Height, Boolean_t IsMultiSelection,
                         CvnGUIIntCallback_pf Callback)
 {
-    return addControl(ParentDialogID, {.kind = ControlKind::list,
+    return addControl(ParentDialogID, {.kind = ControlKind::list, .x = X, .y = Y, .width = Width,
+                                       .height = Height,
                                        .multiSelection = IsMultiSelection != FALSE,
                                        .intCallback = Callback});
 }
 
 void CvnGUIListAppendItem(LgIndex_t ListID, const char *Item)
 {
-    if (Control *list = listRecord(ListID))
+    if (Control *list = listRecord(ListID)) {
         list->items.push_back(textOf(Item));
+        controlChanged(*list, Change::items);
+    }
 }
 
 void CvnGUIListDeleteAllItems(LgIndex_t ListID)
 {
     if (Control *list = listRecord(ListID)) {
-        list->items.clear();
-        list->selection.clear();
+        change(*list, list->items, {}, Change::items);
+        setSelection(*list, {});
     }
 }
 
@@ -54,11 +62,14 @@ void CvnGUIListDeleteItemAtPos(LgIndex_t ListID, LgIndex_t Position)
     if (list == nullptr || !inRange(*list, Position))
         return;
     list->items.erase(list->items.begin() + (Position - 1));
+    controlChanged(*list, Change::items);
     /* The deleted item leaves the selection; the items after it move up. */
-    std::erase(list->selection, Position);
-    for (LgIndex_t &selected : list->selection)
+    std::vector<LgIndex_t> selection = list->selection;
+    std::erase(selection, Position);
+    for (LgIndex_t &selected : selection)
         if (selected > Position)
             --selected;
+    setSelection(*list, std::move(selection));
 }
 
 LgIndex_t CvnGUIListGetItemCount(LgIndex_t ListID)
@@ -80,9 +91,10 @@ void CvnGUIListSetSelectedItem(LgIndex_t ListID, LgIndex_t Position)
     Control *list = listRecord(ListID);
     if (list == nullptr)
         return;
-    list->selection.clear();
+    std::vector<LgIndex_t> selection;
     if (inRange(*list, Position))
-        list->selection.push_back(Position);
+        selection.push_back(Position);
+    setSelection(*list, std::move(selection));
 }
 
 LgIndex_t CvnGUIListGetSelectedItem(LgIndex_t ListID)
@@ -96,12 +108,12 @@ void CvnGUIListSetSelectedItems(LgIndex_t ListID, const LgIndex_t *Items, LgInde
     Control *list = listRecord(ListID);
     if (list == nullptr)
         return;
-    list->selection.clear();
+    std::vector<LgIndex_t> selection;
     for (LgIndex_t i = 0; Items != nullptr && i < Count; ++i)
         if (inRange(*list, Items[i]) &&
-            std::find(list->selection.begin(), list->selection.end(), Items[i]) ==
-                list->selection.end())
-            list->selection.push_back(Items[i]);
+            std::find(selection.begin(), selection.end(), Items[i]) == selection.end())
+            selection.push_back(Items[i]);
+    setSelection(*list, std::move(selection));
 }
 
 void CvnGUIListGetSelectedItems(LgIndex_t ListID, LgIndex_t **Items, LgIndex_t *Count)

@@ -1,6 +1,6 @@
 /*
- * GuiModel.cpp - the records of the in-memory dialog toolkit and the user
- * actions that drive them.
+ * GuiModel.cpp - the records of the in-memory dialog toolkit: dialogs and
+ * controls by id, and the stack of the dialogs that are up.
  */
 #include <algorithm>
 #include <map>
@@ -16,22 +16,8 @@ namespace {
 std::map<LgIndex_t, Dialog> dialogs;
 std::map<LgIndex_t, Control> controls;
 LgIndex_t lastId = 0;
-
-/* The control when a user could act on it now. */
-Control *actionable(LgIndex_t id, std::initializer_list<ControlKind> kinds)
-{
-    Control *control = controlRecord(id, kinds);
-    if (control == nullptr || !control->sensitive)
-        return nullptr;
-    const Dialog *owner = findDialog(control->dialog);
-    return owner != nullptr && owner->up ? control : nullptr;
-}
-
-void callInt(CvnGUIIntCallback_pf callback, LgIndex_t value)
-{
-    if (callback != nullptr)
-        callback(&value);
-}
+/* The dialogs that are up, bottom to top. */
+std::vector<LgIndex_t> stack;
 } // namespace
 
 Dialog *dialogRecord(LgIndex_t id)
@@ -67,8 +53,42 @@ LgIndex_t addControl(LgIndex_t dialog, Control control)
     control.id = ++lastId;
     control.dialog = dialog;
     owner->controls.push_back(control.id);
-    controls.emplace(control.id, std::move(control));
-    return lastId;
+    auto added = controls.emplace(control.id, std::move(control)).first;
+    controlChanged(added->second, Change::added);
+    return added->first;
+}
+
+void launchDialog(LgIndex_t id)
+{
+    Dialog *dialog = dialogRecord(id);
+    if (dialog == nullptr || dialog->up)
+        return;
+    dialog->up = true;
+    stack.push_back(id);
+    CvnGUIDialogCallback_pf init = dialog->init;
+    notify({Change::dialogUp, id, CVNGUI_BAD_ID});
+    if (init != nullptr)
+        init();
+}
+
+void dropDialog(LgIndex_t id)
+{
+    Dialog *dialog = dialogRecord(id);
+    if (dialog == nullptr || !dialog->up)
+        return;
+    dialog->up = false;
+    std::erase(stack, id);
+    notify({Change::dialogDown, id, CVNGUI_BAD_ID});
+}
+
+const std::vector<LgIndex_t> &dialogsUp()
+{
+    return stack;
+}
+
+LgIndex_t topDialog()
+{
+    return stack.empty() ? CVNGUI_BAD_ID : stack.back();
 }
 
 const Dialog *findDialog(LgIndex_t id)
@@ -113,99 +133,19 @@ std::vector<LgIndex_t> controlsOfKind(LgIndex_t dialog, ControlKind kind)
     return found;
 }
 
-bool pressDialogButton(LgIndex_t dialog, DialogButton button)
+void dropAllDialogs()
 {
-    const Dialog *owner = findDialog(dialog);
-    if (owner == nullptr || !owner->up)
-        return false;
-    CvnGUIDialogCallback_pf callback = nullptr;
-    switch (button) {
-    case DialogButton::ok:
-        callback = owner->ok;
-        break;
-    case DialogButton::apply:
-        callback = owner->apply;
-        break;
-    case DialogButton::cancel:
-        callback = owner->cancel;
-        break;
-    case DialogButton::help:
-        callback = owner->help;
-        break;
-    }
-    if (callback == nullptr)
-        return false;
-    callback();
-    return true;
-}
-
-bool pressButton(LgIndex_t button)
-{
-    Control *control = actionable(button, {ControlKind::button});
-    if (control == nullptr)
-        return false;
-    if (CvnGUIButtonCallback_pf callback = control->buttonCallback)
-        callback();
-    return true;
-}
-
-bool setToggle(LgIndex_t toggle, bool on)
-{
-    Control *control = actionable(toggle, {ControlKind::toggle});
-    if (control == nullptr)
-        return false;
-    control->value = on ? 1 : 0;
-    callInt(control->intCallback, control->value);
-    return true;
-}
-
-bool chooseOption(LgIndex_t id, LgIndex_t option)
-{
-    Control *control = actionable(id, {ControlKind::radioBox, ControlKind::optionMenu});
-    if (control == nullptr || option < 1 || option > static_cast<LgIndex_t>(control->items.size()))
-        return false;
-    control->value = option;
-    callInt(control->intCallback, option);
-    return true;
-}
-
-bool typeText(LgIndex_t id, std::string_view text)
-{
-    Control *control = actionable(id, {ControlKind::textField, ControlKind::text});
-    if (control == nullptr || control->readOnly)
-        return false;
-    control->text = std::string(text);
-    CvnGUITextCallback_pf callback = control->textCallback;
-    if (callback == nullptr)
-        return true;
-    std::string copy(text); /* the callback may change the field */
-    return callback(copy.c_str()) != 0;
-}
-
-bool selectItem(LgIndex_t list, LgIndex_t position)
-{
-    return selectItems(list, std::span<const LgIndex_t>(&position, 1));
-}
-
-bool selectItems(LgIndex_t list, std::span<const LgIndex_t> positions)
-{
-    Control *control = actionable(list, {ControlKind::list});
-    if (control == nullptr || positions.empty() || (positions.size() > 1 && !control->multiSelection))
-        return false;
-    auto count = static_cast<LgIndex_t>(control->items.size());
-    for (LgIndex_t position : positions)
-        if (position < 1 || position > count)
-            return false;
-    control->selection.assign(positions.begin(), positions.end());
-    callInt(control->intCallback, positions.back());
-    return true;
+    while (!stack.empty())
+        dropDialog(stack.back());
 }
 
 void resetGui()
 {
     dialogs.clear();
     controls.clear();
+    stack.clear();
     lastId = 0;
+    forgetListeners();
 }
 
 } // namespace corvane::host::gui

@@ -18,18 +18,30 @@ using namespace corvane::host;
 using namespace corvane::host::gui;
 
 namespace {
-/* The field's text without surrounding blanks and without one trailing
-   percent sign. */
-std::string_view numberText(std::string_view text)
+std::string_view trimBlanks(std::string_view text)
 {
     auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos)
         return {};
     auto last = text.find_last_not_of(" \t");
-    text = text.substr(first, last - first + 1);
-    if (!text.empty() && text.back() == '%')
+    return text.substr(first, last - first + 1);
+}
+
+/* The text without surrounding blanks and without one final character
+   (when it is that one). */
+std::string_view trimmedWithout(std::string_view text, char final)
+{
+    text = trimBlanks(text);
+    if (!text.empty() && text.back() == final)
         text.remove_suffix(1);
     return text;
+}
+
+/* The field's text without surrounding blanks and without one trailing
+   percent sign. */
+std::string_view numberText(std::string_view text)
+{
+    return trimmedWithout(text, '%');
 }
 
 std::optional<LgIndex_t> parseIndex(std::string_view text)
@@ -71,6 +83,11 @@ Control *multiLineText(LgIndex_t id)
     return controlRecord(id, {ControlKind::text});
 }
 
+void setText(Control &control, std::string text)
+{
+    change(control, control.text, std::move(text), Change::text);
+}
+
 /* A new host string with the control's text; nullptr for no control. */
 char *textCopy(const Control *control, const char *label)
 {
@@ -93,9 +110,16 @@ Boolean_t readNumber(LgIndex_t id, Number *value,
     return TRUE;
 }
 
+/* The field's name as the add-on gave it, without surrounding blanks and
+   a final ':' (the message adds its own). */
+std::string fieldName(const char *name)
+{
+    return std::string(trimBlanks(trimmedWithout(name != nullptr ? name : "", ':')));
+}
+
 /* TRUE when the text field holds a number from min to max; otherwise shows
-   "<name> must be <what> from <min> to <max>." (with percent signs when
-   isPercent) and gives FALSE. */
+   <name>: "<text>" is not <what> from <min> to <max>.
+   (with percent signs when isPercent) in an error box and gives FALSE. */
 template <class Number>
 Boolean_t validateNumber(LgIndex_t id, std::optional<Number> (*parse)(std::string_view),
                          const char *what, const char *name, Number min, Number max,
@@ -108,25 +132,26 @@ Boolean_t validateNumber(LgIndex_t id, std::optional<Number> (*parse)(std::strin
     if (number && *number >= min && *number <= max)
         return TRUE;
     const char *sign = percentSign(isPercent);
-    userInterface().error(
-        fmt::format("{} must be {} from {}{} to {}{}.", textOf(name), what, min, sign, max, sign));
+    userInterface().error(fmt::format("{}: \"{}\" is not {} from {}{} to {}{}.", fieldName(name),
+                                      control->text, what, min, sign, max, sign));
     return FALSE;
 }
 } // namespace
 
 extern "C" {
 
-LgIndex_t CvnGUITextFieldAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
-                             LgIndex_t /*Width*/, LgIndex_t /*Height*/,
-                             CvnGUITextCallback_pf Callback)
+LgIndex_t CvnGUITextFieldAdd(LgIndex_t ParentDialogID, LgIndex_t X, LgIndex_t Y, LgIndex_t Width,
+                             LgIndex_t Height, CvnGUITextCallback_pf Callback)
 {
-    return addControl(ParentDialogID, {.kind = ControlKind::textField, .textCallback = Callback});
+    return addControl(ParentDialogID, {.kind = ControlKind::textField, .x = X, .y = Y,
+                                       .width = Width, .height = Height,
+                                       .textCallback = Callback});
 }
 
 void CvnGUITextFieldSetString(LgIndex_t TextFieldID, const char *Text)
 {
     if (Control *control = textField(TextFieldID))
-        control->text = textOf(Text);
+        setText(*control, textOf(Text));
 }
 
 char *CvnGUITextFieldGetString(LgIndex_t TextFieldID)
@@ -137,7 +162,7 @@ char *CvnGUITextFieldGetString(LgIndex_t TextFieldID)
 void CvnGUITextFieldSetLgIndex(LgIndex_t TextFieldID, LgIndex_t Value, Boolean_t IsPercent)
 {
     if (Control *control = textField(TextFieldID))
-        control->text = fmt::format("{}{}", Value, percentSign(IsPercent));
+        setText(*control, fmt::format("{}{}", Value, percentSign(IsPercent)));
 }
 
 Boolean_t CvnGUITextFieldGetLgIndex(LgIndex_t TextFieldID, LgIndex_t *Value)
@@ -163,18 +188,18 @@ Boolean_t CvnGUITextFieldValidateDouble(LgIndex_t TextFieldID, const char *Field
     return validateNumber(TextFieldID, parseDouble, "a number", FieldName, Min, Max, IsPercent);
 }
 
-LgIndex_t CvnGUITextAdd(LgIndex_t ParentDialogID, LgIndex_t /*X*/, LgIndex_t /*Y*/,
-                        LgIndex_t /*Width*/, LgIndex_t /*Height*/, Boolean_t IsReadOnly,
-                        CvnGUITextCallback_pf Callback)
+LgIndex_t CvnGUITextAdd(LgIndex_t ParentDialogID, LgIndex_t X, LgIndex_t Y, LgIndex_t Width,
+                        LgIndex_t Height, Boolean_t IsReadOnly, CvnGUITextCallback_pf Callback)
 {
-    return addControl(ParentDialogID, {.kind = ControlKind::text, .readOnly = IsReadOnly != FALSE,
+    return addControl(ParentDialogID, {.kind = ControlKind::text, .x = X, .y = Y, .width = Width,
+                                       .height = Height, .readOnly = IsReadOnly != FALSE,
                                        .textCallback = Callback});
 }
 
 void CvnGUITextSetString(LgIndex_t TextID, const char *Text)
 {
     if (Control *control = multiLineText(TextID))
-        control->text = textOf(Text);
+        setText(*control, textOf(Text));
 }
 
 char *CvnGUITextGetString(LgIndex_t TextID)
@@ -185,7 +210,7 @@ char *CvnGUITextGetString(LgIndex_t TextID)
 void CvnGUITextAppendString(LgIndex_t TextID, const char *Text)
 {
     if (Control *control = multiLineText(TextID))
-        control->text += textOf(Text);
+        setText(*control, control->text + textOf(Text));
 }
 
 } // extern "C"
