@@ -12,6 +12,8 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include "ConsoleLines.h"
+
 namespace corvane::host {
 
 namespace {
@@ -36,26 +38,21 @@ bool isQuestion(MessageBoxType_e type)
     return type == MessageBox_Question || type == MessageBox_YesNo;
 }
 
-constexpr int barWidth = 30;
-
 } // namespace
 
 struct ConsoleUi::State {
     ConsoleOptions options;
     std::FILE *in;
-    std::FILE *err;
+    ConsoleLines lines;
     bool progressUp = false;
     bool progressCancel = false; /* the open box has a Cancel button */
     bool cancelFired = false;    /* its Cancel was pressed */
-    std::string label;
-    std::size_t barLength = 0; /* characters of the bar now on the line; 0 = none */
-    int barPercent = 0;        /* the percent the bar shows */
     bool handlerInstalled = false;
     struct sigaction previousHandler {};
 
     explicit State(ConsoleOptions opts)
         : options(std::move(opts)), in(options.in != nullptr ? options.in : stdin),
-          err(options.err != nullptr ? options.err : stderr)
+          lines(options.err != nullptr ? options.err : stderr, options.quiet)
     {
     }
 
@@ -63,43 +60,6 @@ struct ConsoleUi::State {
     {
         if (options.onEvent)
             options.onEvent(event);
-    }
-
-    bool drawsBar() const { return !options.quiet && isTerminal(err); }
-
-    void clearBar()
-    {
-        if (barLength == 0)
-            return;
-        fmt::print(err, "\r{}\r", std::string(barLength, ' '));
-        std::fflush(err);
-        barLength = 0;
-    }
-
-    void drawBar(int percent)
-    {
-        if (!drawsBar())
-            return;
-        int shown = percent < 0 ? 0 : percent > 100 ? 100 : percent;
-        barPercent = shown;
-        int filled = shown * barWidth / 100;
-        std::string line = fmt::format("{} [{}{}] {:3d}%", label, std::string(filled, '#'),
-                                       std::string(barWidth - filled, '.'), shown);
-        std::string padding(barLength > line.size() ? barLength - line.size() : 0, ' ');
-        fmt::print(err, "\r{}{}", line, padding);
-        std::fflush(err);
-        barLength = line.size() + padding.size();
-    }
-
-    /* Writes a line of text, keeping the bar below it. */
-    void say(std::string_view text)
-    {
-        bool hadBar = barLength != 0;
-        clearBar();
-        fmt::print(err, "{}\n", text);
-        std::fflush(err);
-        if (hadBar)
-            drawBar(barPercent);
     }
 
     void installInterruptHandler()
@@ -124,7 +84,8 @@ struct ConsoleUi::State {
        with y or Y. */
     bool prompt(std::string_view text)
     {
-        clearBar();
+        lines.clearBar();
+        std::FILE *err = lines.stream();
         fmt::print(err, "{} [y/N] ", text);
         std::fflush(err);
         std::string line;
@@ -142,13 +103,12 @@ ConsoleUi::ConsoleUi(ConsoleOptions options) : state_(std::make_unique<State>(st
 
 ConsoleUi::~ConsoleUi()
 {
-    state_->clearBar();
     state_->restoreInterruptHandler();
 }
 
 void ConsoleUi::error(std::string_view text)
 {
-    state_->say(text);
+    state_->lines.say(text);
     state_->emit({UiEvent::Kind::error, "", std::string(text), "", false});
 }
 
@@ -164,7 +124,7 @@ bool ConsoleUi::message(MessageBoxType_e type, std::string_view text)
             s.options.answers.pop_front();
         } else if (s.options.policy) {
             answer = *s.options.policy;
-        } else if (isTerminal(s.in) && isTerminal(s.err)) {
+        } else if (isTerminal(s.in) && isTerminal(s.lines.stream())) {
             answer = s.prompt(text);
             typed = true;
         } else {
@@ -172,11 +132,12 @@ bool ConsoleUi::message(MessageBoxType_e type, std::string_view text)
             guessed = true;
         }
         if (!typed)
-            s.say(fmt::format("{} -> {}", text, answer ? "yes" : "no"));
+            s.lines.sayAnswered(text, answer);
         if (guessed)
-            s.say("corvane: answered No to the question above; --yes or --answers would answer Yes");
+            s.lines.say(
+                "corvane: answered No to the question above; --yes or --answers would answer Yes");
     } else {
-        s.say(text);
+        s.lines.say(text);
     }
     std::string answerText = isQuestion(type) ? (answer ? "yes" : "no") : "ok";
     s.emit({UiEvent::Kind::message, std::string(messageTypeName(type)), std::string(text),
@@ -187,15 +148,13 @@ bool ConsoleUi::message(MessageBoxType_e type, std::string_view text)
 void ConsoleUi::progressLaunch(std::string_view label, bool showCancel)
 {
     State &s = *state_;
-    s.clearBar();
     s.restoreInterruptHandler();
     s.progressUp = true;
     s.progressCancel = showCancel;
     s.cancelFired = false;
-    s.label = std::string(label);
     if (showCancel)
         s.installInterruptHandler();
-    s.drawBar(0);
+    s.lines.startBar(label);
     s.emit({UiEvent::Kind::progress, "", std::string(label), "", showCancel});
 }
 
@@ -204,7 +163,7 @@ bool ConsoleUi::progressCheck(int percent)
     State &s = *state_;
     if (!s.progressUp)
         return true;
-    s.drawBar(percent);
+    s.lines.drawBar(percent);
     if (!s.progressCancel)
         return true;
     if (!s.cancelFired &&
@@ -216,7 +175,7 @@ bool ConsoleUi::progressCheck(int percent)
 void ConsoleUi::progressDrop()
 {
     State &s = *state_;
-    s.clearBar();
+    s.lines.clearBar();
     s.restoreInterruptHandler();
     s.progressUp = false;
     s.progressCancel = false;
@@ -229,14 +188,15 @@ std::optional<std::string> ConsoleUi::chooseFile(SelectFileOption_e /*option*/,
                                                  std::string_view /*defaultName*/,
                                                  std::string_view /*filter*/)
 {
-    state_->say(fmt::format("corvane: no file chooser on the command line; \"{}\" cancelled", title));
+    state_->lines.say(
+        fmt::format("corvane: no file chooser on the command line; \"{}\" cancelled", title));
     state_->emit({UiEvent::Kind::file, "", std::string(title), "", false});
     return std::nullopt;
 }
 
 void ConsoleUi::help(std::string_view page)
 {
-    state_->say(fmt::format("corvane: help page {}", page));
+    state_->lines.say(fmt::format("corvane: help page {}", page));
     state_->emit({UiEvent::Kind::help, "", std::string(page), "", false});
 }
 
