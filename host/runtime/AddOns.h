@@ -5,10 +5,12 @@
 #ifndef CORVANE_HOST_ADDONS_H
 #define CORVANE_HOST_ADDONS_H
 
+#include <span>
 #include <string>
 #include <vector>
 
 #include "CvnAPI.h"
+#include "DataModel.h"
 #include "Expected.h"
 
 namespace corvane::host {
@@ -42,6 +44,11 @@ const Loader *findLoader(const std::string &name);
 /* Calls the loader's replay callback with the strings as its instruction
    list, as a host replaying a layout does; the callback's result. */
 Expected<bool> replayLoad(const std::string &loaderName, const std::vector<std::string> &strings);
+/* The instruction strings stored with the newest of the data sets loaded
+   through the loader (name case ignored): what the loader-selected callback
+   gets as those of the previous load. Empty when there is none. */
+std::vector<std::string> lastInstructions(std::span<const DataSet> sets,
+                                          const std::string &loaderName);
 /* Calls the loader's loader-selected callback with the previous strings. */
 Expected<void> selectLoader(const std::string &loaderName,
                             const std::vector<std::string> &previous);

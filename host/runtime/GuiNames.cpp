@@ -98,19 +98,27 @@ bool namesMatch(std::string_view name, std::string_view text)
 
 LgIndex_t findNamed(LgIndex_t dialog, std::string_view name, std::span<const ControlKind> kinds)
 {
+    return findNamed(dialog, name,
+                     [kinds](const ControlState &state) { return wanted(state.kind, kinds); });
+}
+
+LgIndex_t findNamed(LgIndex_t dialog, std::string_view name,
+                    const std::function<bool(const ControlState &)> &accept)
+{
     const Dialog *owner = findDialog(dialog);
     if (owner == nullptr)
         return CVNGUI_BAD_ID;
     if (auto ranked = rankedName(name)) {
         auto [kind, rank] = *ranked;
         std::vector<LgIndex_t> ofKind = controlsOfKind(dialog, kind);
-        if (!wanted(kind, kinds) || rank > static_cast<LgIndex_t>(ofKind.size()))
+        if (rank > static_cast<LgIndex_t>(ofKind.size()))
             return CVNGUI_BAD_ID;
-        return ofKind[static_cast<std::size_t>(rank - 1)];
+        LgIndex_t id = ofKind[static_cast<std::size_t>(rank - 1)];
+        return accept(*controlState(id)) ? id : CVNGUI_BAD_ID;
     }
     for (LgIndex_t id : owner->controls) {
         ControlState state = *controlState(id);
-        if (wanted(state.kind, kinds) &&
+        if (accept(state) &&
             (optionalMatches(name, state.label) || optionalMatches(name, state.caption)))
             return id;
     }

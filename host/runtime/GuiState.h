@@ -22,6 +22,7 @@
 #ifndef CORVANE_HOST_GUISTATE_H
 #define CORVANE_HOST_GUISTATE_H
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -84,6 +85,9 @@ bool namesMatch(std::string_view name, std::string_view text);
    by its label or caption; CVNGUI_BAD_ID when there is none. */
 LgIndex_t findNamed(LgIndex_t dialog, std::string_view name,
                     std::span<const ControlKind> kinds = {});
+/* The same among the controls accept lets through. */
+LgIndex_t findNamed(LgIndex_t dialog, std::string_view name,
+                    const std::function<bool(const ControlState &)> &accept);
 /* The 1-based position of the first item of a radio box, option menu or
    list with that name, or nothing. */
 std::optional<LgIndex_t> findItem(LgIndex_t control, std::string_view name);

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "AddOns.h"
+#include "DataSession.h"
 #include "Handles.h"
 
 namespace corvane::host {
@@ -27,6 +28,15 @@ Expected<bool> replayLoad(const std::string &loaderName, const std::vector<std::
     const DataLoaderCallback_pf callback = loader->callback;
     StringList_s instructions{strings};
     return callback(&instructions, 0) != FALSE;
+}
+
+std::vector<std::string> lastInstructions(std::span<const DataSet> sets,
+                                          const std::string &loaderName)
+{
+    for (auto set = sets.rbegin(); set != sets.rend(); ++set)
+        if (set->loaderInstructions && detail::sameName(set->loaderInstructions->loader, loaderName))
+            return set->loaderInstructions->strings;
+    return {};
 }
 
 Expected<void> selectLoader(const std::string &loaderName, const std::vector<std::string> &previous)
