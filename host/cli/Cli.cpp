@@ -4,8 +4,6 @@
  */
 #include "Cli.h"
 
-#include <cerrno>
-#include <cstring>
 #include <memory>
 #include <span>
 
@@ -15,66 +13,12 @@
 #include "CommandLine.h"
 #include "ConsoleUi.h"
 #include "DataModel.h"
-#include "DataOutput.h"
 #include "Layout.h"
-#include "OutputFile.h"
+#include "RunOutputs.h"
+#include "TranscriptFile.h"
 
 namespace corvane::cli {
 namespace {
-
-struct FileCloser {
-    void operator()(std::FILE *file) const { std::fclose(file); }
-};
-using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
-
-/* The points of every zone together. */
-LgIndex_t pointCount(const host::DataSet &set)
-{
-    LgIndex_t points = 0;
-    for (const auto &zone : set.zones)
-        points += zone.points();
-    return points;
-}
-
-/* One line per data set on standard output: title, variables, zones. */
-void printSummary(std::FILE *out, std::span<const host::DataSet> sets)
-{
-    for (const auto &set : sets) {
-        fmt::print(out, "{}: {} variable{}, {} zone{}, {} point{}\n", jsonString(set.title),
-                   set.variables.size(), set.variables.size() == 1 ? "" : "s",
-                   set.zones.size(), set.zones.size() == 1 ? "" : "s", pointCount(set),
-                   pointCount(set) == 1 ? "" : "s");
-    }
-}
-
-/* Writes every output and the layout: all to temporary files first, then
-   all renamed, so that a failing one leaves none of them behind. */
-host::Expected<void> writeOutputs(const Command &cmd, std::span<const host::DataSet> sets)
-{
-    std::vector<OutputFile> files;
-    for (const auto &output : cmd.outputs) {
-        auto file = OutputFile::create(output.path);
-        if (!file)
-            return host::unexpected(file.error());
-        if (output.format == OutputFormat::json)
-            writeJson((*file).stream(), sets);
-        else
-            writeCsv((*file).stream(), sets);
-        files.push_back(std::move(*file));
-    }
-    if (!cmd.saveLayout.empty()) {
-        auto file = OutputFile::create(cmd.saveLayout);
-        if (!file)
-            return host::unexpected(file.error());
-        writeLayout((*file).stream(), sets);
-        files.push_back(std::move(*file));
-    }
-    for (auto &file : files) {
-        if (auto done = file.commit(); !done)
-            return done;
-    }
-    return {};
-}
 
 /* Replays the loads in order, stopping at the first that fails. */
 bool replayAll(const std::vector<host::LoaderInstructions> &loads, std::FILE *err)
@@ -105,16 +49,10 @@ int runCommand(const Command &cmd, const Io &io)
         loads.push_back({"Ordalis Loader", {cmd.dataFile, cmd.instructions}});
     }
 
-    FilePtr transcript;
-    if (!cmd.transcript.empty()) {
-        transcript.reset(std::fopen(cmd.transcript.c_str(), "w"));
-        if (!transcript) {
-            std::fputs(usageMessage(fmt::format("cannot write --transcript {}: {}",
-                                                cmd.transcript, std::strerror(errno)))
-                           .c_str(),
-                       io.err);
-            return exitUsage;
-        }
+    auto transcript = TranscriptFile::open(cmd.transcript);
+    if (!transcript) {
+        std::fputs(usageMessage(transcript.error()).c_str(), io.err);
+        return exitUsage;
     }
 
     host::ConsoleOptions options;
@@ -124,12 +62,7 @@ int runCommand(const Command &cmd, const Io &io)
     options.quiet = cmd.quiet;
     options.in = io.in;
     options.err = io.err;
-    if (transcript) {
-        options.onEvent = [file = transcript.get()](const host::UiEvent &event) {
-            fmt::print(file, "{}\n", host::toJsonLine(event));
-            std::fflush(file);
-        };
-    }
+    options.onEvent = transcript->writer();
     host::ScopedUserInterface ui(std::make_shared<host::ConsoleUi>(std::move(options)));
 
     std::string addOnPath = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
@@ -143,11 +76,9 @@ int runCommand(const Command &cmd, const Io &io)
     int status = replayAll(loads, io.err) ? exitSuccess : exitFailure;
     if (status == exitSuccess) {
         auto made = std::span(host::dataSets()).subspan(before);
-        if (auto written = writeOutputs(cmd, made); !written) {
-            fmt::print(io.err, "corvane: {}\n", written.error());
+        if (auto delivered = deliver(cmd, made, io.out); !delivered) {
+            fmt::print(io.err, "corvane: {}\n", delivered.error());
             status = exitFailure;
-        } else {
-            printSummary(io.out, made);
         }
     }
     host::quit();

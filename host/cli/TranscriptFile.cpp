@@ -1,0 +1,35 @@
+/*
+ * TranscriptFile.cpp - opening the transcript and writing its lines.
+ */
+#include "TranscriptFile.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include <fmt/format.h>
+
+namespace corvane::cli {
+
+host::Expected<TranscriptFile> TranscriptFile::open(const std::string &path)
+{
+    TranscriptFile transcript;
+    if (path.empty())
+        return transcript;
+    transcript.file_.reset(std::fopen(path.c_str(), "w"));
+    if (!transcript.file_)
+        return host::unexpected(
+            fmt::format("cannot write --transcript {}: {}", path, std::strerror(errno)));
+    return transcript;
+}
+
+std::function<void(const host::UiEvent &)> TranscriptFile::writer() const
+{
+    if (!file_)
+        return {};
+    return [file = file_.get()](const host::UiEvent &event) {
+        fmt::print(file, "{}\n", host::toJsonLine(event));
+        std::fflush(file);
+    };
+}
+
+} // namespace corvane::cli
