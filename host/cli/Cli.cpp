@@ -16,6 +16,7 @@
 #include "Layout.h"
 #include "RunOutputs.h"
 #include "TranscriptFile.h"
+#include "UiRun.h"
 
 namespace corvane::cli {
 namespace {
@@ -35,6 +36,7 @@ bool replayAll(const std::vector<host::LoaderInstructions> &loads, std::FILE *er
     return true;
 }
 
+/* Loads or replays: the loader's replay callback, without dialogs. */
 int runCommand(const Command &cmd, const Io &io)
 {
     std::vector<host::LoaderInstructions> loads;
@@ -102,7 +104,8 @@ int run(const std::vector<std::string> &args, Io io)
         std::fputs(stop->err.c_str(), io.err);
         return stop->status;
     }
-    int status = runCommand(std::get<Command>(parsed), io);
+    const Command &cmd = std::get<Command>(parsed);
+    int status = cmd.kind == CommandKind::ui ? runUi(cmd, io) : runCommand(cmd, io);
     std::fflush(io.out);
     return status;
 }

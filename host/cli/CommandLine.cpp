@@ -29,6 +29,7 @@ std::string lowered(std::string_view text)
 struct RawOptions {
     std::string dataFile;
     std::string layoutFile;
+    std::string scriptFile;
     std::string setFile;
     std::string instructionText;
     std::string instructionFile;
@@ -45,8 +46,46 @@ struct RawOptions {
     int setSources = 0; /* how many of --set, --instructions, --instructions-file */
 };
 
-/* The options that load and replay share. */
-void addRunOptions(CLI::App &cmd, RawOptions &raw)
+/* The script language, under corvane ui --help. */
+constexpr const char *scriptHelp = R"(Script lines (one step a line; quote arguments with blanks, "like \"this\""):
+  press LABEL                  a button; OK, Cancel, Help: the dialog's own
+  toggle LABEL on|off          a toggle
+  choose ITEM                  a radio-box item
+  set CAPTION TEXT             type into a field and leave it; an option menu's item
+  select CAPTION ITEM...       list items by text or as #N
+  file PATH | file cancel      the answer of the next file chooser
+  answer yes|no                the answer of the next question
+  cancel-at PERCENT            cancel the next progress box at PERCENT
+  open                         open the loader again (no dialog up)
+  expect dialog TITLE | expect no dialog
+  expect CAPTION [contains] TEXT
+  expect items|selected CAPTION ITEM...
+  expect sensitive|insensitive NAME
+  expect message TEXT          the last error, message or question shown
+  dump PATH                    the dialogs up, as JSON
+Controls are named by label or caption (blanks and a final ':' aside) or as
+kind#N (field#1, list#2). Every action is on the top dialog. A step that fails
+stops the run with status 1; a script that cannot be parsed gives status 2.)";
+
+/* Answers to the loader's questions and a Cancel point, for loads and
+   replays. */
+void addAnswerOptions(CLI::App &cmd, RawOptions &raw)
+{
+    auto *yes = cmd.add_flag("--yes", raw.yes, "Answer Yes to every question");
+    auto *no = cmd.add_flag("--no", raw.no, "Answer No to every question");
+    yes->excludes(no);
+    cmd.add_option("--answers", raw.answers,
+                   "Answer the questions in order (e.g. y,n,y), then as --yes/--no say")
+        ->type_name("LIST");
+    cmd.add_option("--cancel-at", raw.cancelAt,
+                   "Press Cancel at the first progress check at or above PERCENT")
+        ->type_name("PERCENT")
+        ->check(CLI::Range(0, 100));
+}
+
+/* The options that load, replay and ui share; the answers to questions and
+   Cancel points are a script's own in ui. */
+void addRunOptions(CLI::App &cmd, RawOptions &raw, bool answerOptions = true)
 {
     cmd.add_option("-o,--output", raw.outputs,
                    "Write the loaded data to FILE: JSON for .json, CSV for .csv (repeatable)")
@@ -58,21 +97,15 @@ void addRunOptions(CLI::App &cmd, RawOptions &raw)
     cmd.add_option("--transcript", raw.transcript,
                    "Write every message, question and progress box to FILE (JSON Lines)")
         ->type_name("FILE");
-    auto *yes = cmd.add_flag("--yes", raw.yes, "Answer Yes to every question");
-    auto *no = cmd.add_flag("--no", raw.no, "Answer No to every question");
-    yes->excludes(no);
-    cmd.add_option("--answers", raw.answers,
-                   "Answer the questions in order (e.g. y,n,y), then as --yes/--no say")
-        ->type_name("LIST");
-    cmd.add_option("--cancel-at", raw.cancelAt,
-                   "Press Cancel at the first progress check at or above PERCENT")
-        ->type_name("PERCENT")
-        ->check(CLI::Range(0, 100));
+    if (answerOptions)
+        addAnswerOptions(cmd, raw);
     cmd.add_option("--addon", raw.addOnPath,
                    "The loader add-on to use (default: the one beside corvane)")
         ->type_name("PATH");
     cmd.add_flag("-q,--quiet", raw.quiet, "Show no progress bar");
 }
+
+} // namespace
 
 host::Expected<std::string> readWholeFile(const std::string &path)
 {
@@ -88,6 +121,8 @@ host::Expected<std::string> readWholeFile(const std::string &path)
         return host::unexpected(fmt::format("{}: read error", path));
     return text.str();
 }
+
+namespace {
 
 /* Checks the raw values and builds the command; a problem becomes the
    usage-error stop. */
@@ -114,8 +149,17 @@ std::variant<Command, ParseStop> finish(RawOptions &raw, CommandKind kind)
                 return stop("cannot read --instructions-file " + text.error());
             cmd.instructions = std::move(*text);
         }
-    } else {
+    } else if (kind == CommandKind::replay) {
         cmd.layoutFile = raw.layoutFile;
+    } else {
+        if (raw.scriptFile.empty())
+            return stop("ui needs --script FILE (running the dialogs in a browser is not "
+                        "available yet)");
+        auto text = readWholeFile(raw.scriptFile);
+        if (!text)
+            return stop("cannot read --script " + text.error());
+        cmd.scriptFile = raw.scriptFile;
+        cmd.scriptText = std::move(*text);
     }
     for (const auto &path : raw.outputs) {
         auto format = outputFormatOf(path);
@@ -206,11 +250,21 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
     replay->add_option("LAYOUT", raw.layoutFile, "The layout file to replay")->required();
     addRunOptions(*replay, raw);
 
+    auto *ui = app.add_subcommand(
+        "ui", "Open the loader's dialogs as a user picking the loader from the load menu, and "
+              "act in them as the script FILE says");
+    ui->add_option("--script", raw.scriptFile,
+                   "The dialog script to run (required for now: a browser front end will run "
+                   "without it)")
+        ->type_name("FILE");
+    addRunOptions(*ui, raw, false);
+    ui->footer(scriptHelp);
+
     if (args.size() > 1 && !args[1].empty() && args[1][0] != '-' && args[1] != "load" &&
-        args[1] != "replay")
-        return ParseStop{exitUsage, "",
-                         usageMessage(fmt::format("unknown command \"{}\" (use load or replay)",
-                                                  args[1]))};
+        args[1] != "replay" && args[1] != "ui")
+        return ParseStop{
+            exitUsage, "",
+            usageMessage(fmt::format("unknown command \"{}\" (use load, replay or ui)", args[1]))};
     std::vector<const char *> argv;
     for (const auto &arg : args)
         argv.push_back(arg.c_str());
@@ -227,7 +281,9 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
             ++raw.setSources;
         }
     }
-    return finish(raw, load->parsed() ? CommandKind::load : CommandKind::replay);
+    return finish(raw, load->parsed()     ? CommandKind::load
+                       : replay->parsed() ? CommandKind::replay
+                                          : CommandKind::ui);
 }
 
 } // namespace corvane::cli

@@ -4,6 +4,7 @@
  *   corvane load DATAFILE (--set FILE.twc | --instructions TEXT |
  *                          --instructions-file FILE) [options]
  *   corvane replay LAYOUT [options]
+ *   corvane ui --script FILE [options]
  *
  * Parsing never runs anything: it turns the arguments into a Command, or
  * into the text and exit status to stop with (help, usage errors).
@@ -27,7 +28,7 @@ inline constexpr int exitSuccess = 0; /* every load succeeded */
 inline constexpr int exitFailure = 1; /* a load failed or was cancelled */
 inline constexpr int exitUsage = 2;   /* the command line or an input file is wrong */
 
-enum class CommandKind { load, replay };
+enum class CommandKind { load, replay, ui };
 enum class OutputFormat { json, csv };
 
 struct OutputSpec {
@@ -44,6 +45,9 @@ struct Command {
     std::string instructions;
     /* replay: the layout file to replay. */
     std::string layoutFile;
+    /* ui: the script file as named, and its text. */
+    std::string scriptFile;
+    std::string scriptText;
 
     std::vector<OutputSpec> outputs; /* -o/--output, in the order given */
     std::string saveLayout;          /* --save-layout; empty: none */
@@ -73,6 +77,9 @@ host::Expected<std::deque<bool>> parseAnswers(std::string_view list);
 /* The output format of a path by its extension (.json or .csv, case
    ignored); anything else is an error naming the path. */
 host::Expected<OutputFormat> outputFormatOf(const std::string &path);
+
+/* The whole content of an input file; the error is "PATH: why". */
+host::Expected<std::string> readWholeFile(const std::string &path);
 
 /* The usage-error text: the problem, then a pointer to --help. */
 std::string usageMessage(std::string_view problem);

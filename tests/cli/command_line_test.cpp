@@ -81,7 +81,11 @@ TEST(CommandLine, UsageErrorsNameTheProblem)
         {{"load", "d.txt", "--set", "a.twc", "--cancel-at", "101"},
          "--cancel-at: Value 101 not in range 0 to 100"},
         {{"load", "d.txt", "--set", "a.twc", "--yes", "--no"}, "--yes excludes --no"},
-        {{"unload"}, "unknown command \"unload\" (use load or replay)"},
+        {{"unload"}, "unknown command \"unload\" (use load, replay or ui)"},
+        {{"ui"}, "ui needs --script FILE (running the dialogs in a browser is not available yet)"},
+        {{"ui", "--script", "/nonexistent/s.txt"},
+         "cannot read --script /nonexistent/s.txt: No such file or directory"},
+        {{"ui", "--script", "s.txt", "--yes"}, "The following argument was not expected: --yes"},
         {{"load", "d.txt", "--instructions-file", "/nonexistent/set.twc"},
          "cannot read --instructions-file /nonexistent/set.twc: No such file or directory"},
         {{"load", "d.txt", "--instructions-file", "/"},
@@ -108,6 +112,8 @@ TEST(CommandLine, HelpIsNoError)
         {{"--help"}, "Usage: corvane [OPTIONS] SUBCOMMAND"},
         {{"load", "--help"}, "Usage: corvane load [OPTIONS] DATAFILE"},
         {{"replay", "-h"}, "Usage: corvane replay [OPTIONS] LAYOUT"},
+        {{"ui", "--help"}, "Usage: corvane ui [OPTIONS]"},
+        {{"ui", "--help"}, "  expect items|selected CAPTION ITEM...\n"},
     };
     for (const auto &[args, usageLine] : cases) {
         ParseStop stop = parse<ParseStop>(args);
