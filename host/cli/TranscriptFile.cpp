@@ -26,8 +26,9 @@ std::function<void(const host::UiEvent &)> TranscriptFile::writer() const
 {
     if (!file_)
         return {};
+    /* Called inside add-on callbacks: a failed write must not throw. */
     return [file = file_.get()](const host::UiEvent &event) {
-        fmt::print(file, "{}\n", host::toJsonLine(event));
+        std::fputs((host::toJsonLine(event) + "\n").c_str(), file);
         std::fflush(file);
     };
 }

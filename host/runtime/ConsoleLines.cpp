@@ -10,6 +10,14 @@ namespace corvane::host {
 
 namespace {
 constexpr int barWidth = 30;
+
+/* These writes happen inside add-on callbacks: a stream that cannot be
+   written loses the text rather than throw through the add-on. */
+void put(std::FILE *stream, const std::string &text)
+{
+    std::fputs(text.c_str(), stream);
+    std::fflush(stream);
+}
 } // namespace
 
 ConsoleLines::ConsoleLines(std::FILE *err, bool quiet) : err_(err), quiet_(quiet) {}
@@ -23,8 +31,7 @@ void ConsoleLines::clearBar()
 {
     if (barLength_ == 0)
         return;
-    fmt::print(err_, "\r{}\r", std::string(barLength_, ' '));
-    std::fflush(err_);
+    put(err_, fmt::format("\r{}\r", std::string(barLength_, ' ')));
     barLength_ = 0;
 }
 
@@ -45,8 +52,7 @@ void ConsoleLines::drawBar(int percent)
     std::string line = fmt::format("{} [{}{}] {:3d}%", label_, std::string(filled, '#'),
                                    std::string(barWidth - filled, '.'), shown);
     std::string padding(barLength_ > line.size() ? barLength_ - line.size() : 0, ' ');
-    fmt::print(err_, "\r{}{}", line, padding);
-    std::fflush(err_);
+    put(err_, fmt::format("\r{}{}", line, padding));
     barLength_ = line.size() + padding.size();
 }
 
@@ -54,8 +60,7 @@ void ConsoleLines::say(std::string_view text)
 {
     bool hadBar = barLength_ != 0;
     clearBar();
-    fmt::print(err_, "{}\n", text);
-    std::fflush(err_);
+    put(err_, fmt::format("{}\n", text));
     if (hadBar)
         drawBar(barPercent_);
 }

@@ -86,14 +86,14 @@ struct ConsoleUi::State {
     {
         lines.clearBar();
         std::FILE *err = lines.stream();
-        fmt::print(err, "{} [y/N] ", text);
+        std::fputs(fmt::format("{} [y/N] ", text).c_str(), err);
         std::fflush(err);
         std::string line;
         int c;
         while ((c = std::fgetc(in)) != EOF && c != '\n')
             line.push_back(static_cast<char>(c));
         if (c == EOF)
-            fmt::print(err, "\n");
+            std::fputs("\n", err);
         std::size_t first = line.find_first_not_of(" \t");
         return first != std::string::npos && (line[first] == 'y' || line[first] == 'Y');
     }
