@@ -65,7 +65,8 @@ constexpr const char *scriptHelp = R"(Script lines (one step a line; quote argum
   dump PATH                    the dialogs up, as JSON
 Controls are named by label or caption (blanks and a final ':' aside) or as
 kind#N (field#1, list#2). Every action is on the top dialog. A step that fails
-stops the run with status 1; a script that cannot be parsed gives status 2.)";
+stops the run with status 1; a script that cannot be parsed gives status 2.
+)";
 
 /* Answers to the loader's questions and a Cancel point, for loads and
    replays. */
