@@ -180,6 +180,8 @@ TEST(UiScript, AFailingStepStopsTheRunNamingItsLineAndWhatFailed)
         {"press Cancel\nexpect message x\n",
          "corvane: s.txt:2: expected the message \"x\", found no message\n"},
         {"press Cancel\npress OK\n", "corvane: s.txt:2: no dialog is up\n"},
+        {"dump /nonexistent/d.json\n", "corvane: s.txt:1: cannot write /nonexistent/d.json: No "
+                                       "such file or directory\n"},
     };
     for (const auto &[script, err] : cases) {
         writeFile(scratch / "s.txt", script);
