@@ -6,7 +6,10 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <span>
+#include <tuple>
+#include <variant>
 #include <vector>
 
 #include <fmt/format.h>
