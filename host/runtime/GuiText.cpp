@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -119,7 +120,9 @@ std::string fieldName(const char *name)
 
 /* TRUE when the text field holds a number from min to max; otherwise shows
    <name>: "<text>" is not <what> from <min> to <max>.
-   (with percent signs when isPercent) in an error box and gives FALSE. */
+   (with percent signs when isPercent) in an error box and gives FALSE. A
+   range that spans every number of the type is not named: the message then
+   ends after <what>. */
 template <class Number>
 Boolean_t validateNumber(LgIndex_t id, std::optional<Number> (*parse)(std::string_view),
                          const char *what, const char *name, Number min, Number max,
@@ -132,8 +135,15 @@ Boolean_t validateNumber(LgIndex_t id, std::optional<Number> (*parse)(std::strin
     if (number && *number >= min && *number <= max)
         return TRUE;
     const char *sign = percentSign(isPercent);
-    userInterface().error(fmt::format("{}: \"{}\" is not {} from {}{} to {}{}.", fieldName(name),
-                                      control->text, what, min, sign, max, sign));
+    bool unbounded = min <= std::numeric_limits<Number>::lowest() &&
+                     max >= std::numeric_limits<Number>::max();
+    if (unbounded)
+        userInterface().error(
+            fmt::format("{}: \"{}\" is not {}.", fieldName(name), control->text, what));
+    else
+        userInterface().error(fmt::format("{}: \"{}\" is not {} from {}{} to {}{}.",
+                                          fieldName(name), control->text, what, min, sign, max,
+                                          sign));
     return FALSE;
 }
 } // namespace

@@ -146,10 +146,11 @@ TEST_F(DataImportDialogTest, IntegerFieldsResetABadEntryToOne)
     EXPECT_TRUE(type(width, "6400"));
     EXPECT_TRUE(type(startLine, "2147483647"));
     EXPECT_EQ(shown(), "3 2 1 2 |2147483647|1|6400|1|1|1| 6 0 1");
-    const std::string range = " must be a whole number from 1 to 2147483647.";
-    EXPECT_EQ(ui().errors(), (Texts{"Start Line" + range, "End Line" + range, "IMax" + range,
-                                    "JMax" + range, "KMax" + range,
-                                    "Width must be a whole number from 1 to 6400."}));
+    const std::string range = " is not a whole number from 1 to 2147483647.";
+    EXPECT_EQ(ui().errors(),
+              (Texts{"Start Line: \"0\"" + range, "End Line: \"x\"" + range, "IMax: \"-4\"" + range,
+                     "JMax: \"2147483648\"" + range, "KMax: \"1.5\"" + range,
+                     "Width: \"6401\" is not a whole number from 1 to 6400."}));
 }
 
 TEST_F(DataImportDialogTest, OkWritesFieldByFieldAndStaysOpenAfterAFailure)
@@ -169,13 +170,13 @@ TEST_F(DataImportDialogTest, OkWritesFieldByFieldAndStaysOpenAfterAFailure)
     gui::setToggle(toggle("Ignore Non-numeric Tokens"), false);
     EXPECT_TRUE(press(gui::DialogButton::ok));
     EXPECT_TRUE(up());
-    EXPECT_EQ(ui().errors(), Texts{"IMax must be a whole number from 1 to 2147483647."});
+    EXPECT_EQ(ui().errors(), Texts{"IMax: \"0\" is not a whole number from 1 to 2147483647."});
     EXPECT_EQ(data(), "LINE /1, LINE /1, IJKBLOCK, auto 0 0x1x1, TAB 7000, zones 0 ZONE, ignore 0");
 
     type(iMax, "3");
     EXPECT_TRUE(press(gui::DialogButton::ok));
     EXPECT_TRUE(up());
-    EXPECT_EQ(ui().errors().back(), "Width must be a whole number from 1 to 6400.");
+    EXPECT_EQ(ui().errors().back(), "Width: \"7000\" is not a whole number from 1 to 6400.");
     EXPECT_EQ(data(), "LINE /7, LINE /9, IJKBLOCK, auto 0 3x5x1, TAB 7000, zones 0 ZONE, ignore 0");
 
     ui().clearTranscript();

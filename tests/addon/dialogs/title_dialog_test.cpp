@@ -84,9 +84,10 @@ TEST_F(TitleDialogTest, OkStoresValidEntriesAndCancelNothing)
 
     const TW_ConfigInstructions_s *set = current();
     EXPECT_FALSE(CvnGUIDialogIsUp(Dialog3Manager));
-    EXPECT_EQ(ui().errors(), (Texts{"Width must be a whole number from 1 to 6400.",
-                                    "Line Number must be a whole number from 1 to 2147483647.",
-                                    "Width must be a whole number from 1 to 6400."}));
+    EXPECT_EQ(ui().errors(),
+              (Texts{"Width: \"6401\" is not a whole number from 1 to 6400.",
+                     "Line Number: \"0\" is not a whole number from 1 to 2147483647.",
+                     "Width: \"12a\" is not a whole number from 1 to 6400."}));
     EXPECT_EQ(set->TitleSearchMode, SearchMode_Line);
     EXPECT_EQ(std::string(set->TitleName), std::string(1023, 't'));
     EXPECT_EQ(set->TitleLine, 2147483647);

@@ -83,9 +83,10 @@ TEST_F(VariablesDialogTest, ControlsFollowTheModeAndOkStoresValidEntries)
     ASSERT_TRUE(gui::typeText(field(3), "8"));
     CvnGUITextFieldSetString(field(1), "0"); /* OK pressed before the field's check */
     ASSERT_TRUE(press(d4(), Button::ok));
-    const std::string range = " must be a whole number from 1 to 2147483647.";
-    EXPECT_EQ(ui().errors(), (Texts{"Start Line Number" + range, "End Line Number" + range,
-                                    "Start Line" + range}));
+    const std::string range = " is not a whole number from 1 to 2147483647.";
+    EXPECT_EQ(ui().errors(), (Texts{"Start Line Number: \"-3\"" + range,
+                                    "End Line Number: \"two\"" + range,
+                                    "Start Line: \"0\"" + range}));
     const TW_Variables_s &vars = current()->Variables;
     EXPECT_EQ(vars.SearchMode, SearchMode_Line);
     EXPECT_EQ((std::vector<int32_t>{vars.StartLine, vars.EndLine, vars.Delimiter, vars.Width}),
