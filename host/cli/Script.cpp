@@ -131,12 +131,17 @@ host::Expected<ItemRef> itemRef(const Token &token)
     return ItemRef{"", position};
 }
 
-std::vector<std::string> texts(Args args)
+/* The items named by the tokens, by text or #N. */
+host::Expected<std::vector<ItemRef>> itemRefs(Args args)
 {
-    std::vector<std::string> all;
-    for (const Token &token : args)
-        all.push_back(token.text);
-    return all;
+    std::vector<ItemRef> items;
+    for (const Token &token : args) {
+        auto item = itemRef(token);
+        if (!item)
+            return host::unexpected(item.error());
+        items.push_back(std::move(*item));
+    }
+    return items;
 }
 
 using Parsed = host::Expected<Step>;
@@ -154,8 +159,12 @@ Parsed parseExpect(Args args)
         return Step{ExpectDialog{args[1].text}};
     if (isKeyword(first, "no") && args.size() == 2 && isKeyword(args[1], "dialog"))
         return Step{ExpectDialog{std::nullopt}};
-    if ((isKeyword(first, "items") || isKeyword(first, "selected")) && args.size() >= 2)
-        return Step{ExpectItems{args[1].text, texts(args.subspan(2)), first.text == "selected"}};
+    if ((isKeyword(first, "items") || isKeyword(first, "selected")) && args.size() >= 2) {
+        auto items = itemRefs(args.subspan(2));
+        if (!items)
+            return host::unexpected(items.error());
+        return Step{ExpectItems{args[1].text, std::move(*items), first.text == "selected"}};
+    }
     if ((isKeyword(first, "sensitive") || isKeyword(first, "insensitive")) && args.size() == 2)
         return Step{ExpectSensitive{args[1].text, first.text == "sensitive"}};
     if (isKeyword(first, "message") && args.size() == 2)
@@ -175,14 +184,10 @@ Parsed parseSelect(Args args)
 {
     if (args.size() < 2)
         return useInstead("select CAPTION ITEM...");
-    Select select{args[0].text, {}};
-    for (const Token &token : args.subspan(1)) {
-        auto item = itemRef(token);
-        if (!item)
-            return host::unexpected(item.error());
-        select.items.push_back(std::move(*item));
-    }
-    return Step{std::move(select)};
+    auto items = itemRefs(args.subspan(1));
+    if (!items)
+        return host::unexpected(items.error());
+    return Step{Select{args[0].text, std::move(*items)}};
 }
 
 Parsed parsePercent(Args args)

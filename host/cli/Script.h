@@ -75,7 +75,7 @@ struct ExpectText {
 };
 struct ExpectItems {
     std::string caption;
-    std::vector<std::string> items;
+    std::vector<ItemRef> items;
     bool selected = false; /* the selected items, else all of them */
 };
 struct ExpectSensitive {

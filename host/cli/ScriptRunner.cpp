@@ -282,22 +282,28 @@ Expected<void> ScriptRunner::step(const script::ExpectItems &expect)
     if (!found)
         return unexpected(found.error());
     ControlState list = *controlState(found->id);
-    std::vector<std::string> items = list.items;
-    if (expect.selected) {
-        items.clear();
-        for (LgIndex_t position : list.selected)
-            items.push_back(list.items[static_cast<std::size_t>(position - 1)]);
+    std::vector<LgIndex_t> positions; /* of the items compared, 1-based */
+    if (expect.selected)
+        positions = list.selected;
+    else
+        for (std::size_t i = 1; i <= list.items.size(); i++)
+            positions.push_back(static_cast<LgIndex_t>(i));
+    std::vector<std::string> items;
+    for (LgIndex_t position : positions)
+        items.push_back(list.items[static_cast<std::size_t>(position - 1)]);
+    bool same = positions.size() == expect.items.size();
+    for (std::size_t i = 0; same && i < positions.size(); i++) {
+        const script::ItemRef &ref = expect.items[i];
+        same = ref.position != 0 ? ref.position == positions[i] : namesMatch(ref.text, items[i]);
     }
-    bool same = items.size() == expect.items.size() &&
-                std::equal(items.begin(), items.end(), expect.items.begin(),
-                           [](const std::string &item, const std::string &name) {
-                               return namesMatch(name, item);
-                           });
     if (same)
         return {};
+    std::vector<std::string> expected;
+    for (const script::ItemRef &ref : expect.items)
+        expected.push_back(ref.position != 0 ? fmt::format("#{}", ref.position) : ref.text);
     return unexpected(fmt::format("expected the {} of {} to be {}, found {}",
                                   expect.selected ? "selected items" : "items", found->shown,
-                                  listed(expect.items), listed(items)));
+                                  listed(expected), listed(items)));
 }
 
 Expected<void> ScriptRunner::step(const script::ExpectSensitive &expect)
