@@ -140,10 +140,7 @@ static void Format_RADIO_D5_CB(const LgIndex_t *Value)
    reset to 1. */
 static LgIndex_t CheckField(LgIndex_t Field, const char *Name, LgIndex_t Max)
 {
-    CvnUtilLockStart(AddOnID);
-    LgIndex_t IsValid = TW_CheckIntegerField(Field, Name, 1, Max);
-    CvnUtilLockFinish(AddOnID);
-    return IsValid;
+    return TW_CheckIntegerField(Field, Name, 1, Max);
 }
 
 static LgIndex_t StartLine_TF_D5_CB(const char *)

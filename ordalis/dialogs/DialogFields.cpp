@@ -3,6 +3,7 @@
  */
 #include "DialogFields.h"
 
+#include "AddOnHost.h"
 #include "StringUtil.h"
 
 namespace corvane::cvnutildataio {
@@ -10,10 +11,12 @@ namespace corvane::cvnutildataio {
 LgIndex_t TW_CheckIntegerField(LgIndex_t FieldID, const char *FieldName, LgIndex_t Min,
                                LgIndex_t Max)
 {
-    if (CvnGUITextFieldValidateLgIndex(FieldID, FieldName, Min, Max, FALSE))
-        return TRUE;
-    CvnGUITextFieldSetLgIndex(FieldID, 1, FALSE);
-    return FALSE;
+    CvnUtilLockStart(AddOnID);
+    LgIndex_t IsValid = CvnGUITextFieldValidateLgIndex(FieldID, FieldName, Min, Max, FALSE);
+    if (!IsValid)
+        CvnGUITextFieldSetLgIndex(FieldID, 1, FALSE);
+    CvnUtilLockFinish(AddOnID);
+    return IsValid;
 }
 
 bool TW_GetValidInteger(LgIndex_t FieldID, const char *FieldName, LgIndex_t Min, LgIndex_t Max,

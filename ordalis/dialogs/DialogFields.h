@@ -15,9 +15,11 @@ namespace corvane::cvnutildataio {
 
 #define TW_MAX_INT32 2147483647
 
-/* The check of an integer field while the user types: TRUE when the field
-   holds an integer from Min to Max; otherwise (after the host's message
-   naming FieldName) the field is reset to 1 and the result is FALSE. */
+/* The check of an integer field while the user types, the whole of an
+   integer field's callback: TRUE when the field holds an integer from Min
+   to Max; otherwise (after the host's message naming FieldName) the field
+   is reset to 1 and the result is FALSE. Brackets its work with the
+   add-on lock. */
 LgIndex_t TW_CheckIntegerField(LgIndex_t FieldID, const char *FieldName, LgIndex_t Min,
                                LgIndex_t Max);
 /* Stores the field's integer in *Value when it is one from Min to Max and

@@ -156,19 +156,13 @@ static LgIndex_t Keyword_TF_D3_CB(const char *Text)
 static LgIndex_t LineNumber_TF_D3_CB(const char *Text)
 {
     (void)Text;
-    CvnUtilLockStart(AddOnID);
-    LgIndex_t Valid = TW_CheckIntegerField(LineNumber_TF_D3, "Line Number", 1, TW_MAX_INT32);
-    CvnUtilLockFinish(AddOnID);
-    return Valid;
+    return TW_CheckIntegerField(LineNumber_TF_D3, "Line Number", 1, TW_MAX_INT32);
 }
 
 static LgIndex_t Width_TF_D3_CB(const char *Text)
 {
     (void)Text;
-    CvnUtilLockStart(AddOnID);
-    LgIndex_t Valid = TW_CheckIntegerField(Width_TF_D3, "Width", 1, TW_MAX_TITLE_WIDTH);
-    CvnUtilLockFinish(AddOnID);
-    return Valid;
+    return TW_CheckIntegerField(Width_TF_D3, "Width", 1, TW_MAX_TITLE_WIDTH);
 }
 
 /* Layout, in dialog units: the radio box on top, then one row of label

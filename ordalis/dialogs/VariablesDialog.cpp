@@ -181,28 +181,19 @@ static void Delimiter_OPT_D4_CB(const LgIndex_t *Value)
 static LgIndex_t StartLine_TF_D4_CB(const char *Text)
 {
     (void)Text;
-    CvnUtilLockStart(AddOnID);
-    LgIndex_t Valid = TW_CheckIntegerField(StartLine_TF_D4, "Start Line Number", 1, TW_MAX_INT32);
-    CvnUtilLockFinish(AddOnID);
-    return Valid;
+    return TW_CheckIntegerField(StartLine_TF_D4, "Start Line Number", 1, TW_MAX_INT32);
 }
 
 static LgIndex_t EndLine_TF_D4_CB(const char *Text)
 {
     (void)Text;
-    CvnUtilLockStart(AddOnID);
-    LgIndex_t Valid = TW_CheckIntegerField(EndLine_TF_D4, "End Line Number", 1, TW_MAX_INT32);
-    CvnUtilLockFinish(AddOnID);
-    return Valid;
+    return TW_CheckIntegerField(EndLine_TF_D4, "End Line Number", 1, TW_MAX_INT32);
 }
 
 static LgIndex_t Width_TF_D4_CB(const char *Text)
 {
     (void)Text;
-    CvnUtilLockStart(AddOnID);
-    LgIndex_t Valid = TW_CheckIntegerField(Width_TF_D4, "Width", 1, TW_MAX_VARS_WIDTH);
-    CvnUtilLockFinish(AddOnID);
-    return Valid;
+    return TW_CheckIntegerField(Width_TF_D4, "Width", 1, TW_MAX_VARS_WIDTH);
 }
 
 /* The names take anything; they are parsed when stored. */
