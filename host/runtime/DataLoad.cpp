@@ -7,6 +7,7 @@
 
 #include "DataSession.h"
 #include "Handles.h"
+#include "UserInterface.h"
 
 namespace detail = corvane::host::detail;
 
@@ -23,20 +24,31 @@ Boolean_t CvnUtilDataLoadStart(void)
 }
 
 /* Closes a load. An integer "InitialPlotType" goes to the data set created
-   in it, if any. FALSE when no load was open. */
+   in it, if any. FALSE when no load was open, and when the outermost load
+   made a data set without zones: such a data set is no data at all (its
+   zones could not be made), so it is dropped with an error box rather than
+   kept as if the file had been loaded. */
 Boolean_t CvnUtilDataLoadFinishX(ArgList_s *ArgList)
 {
     detail::DataSession &session = detail::dataSession();
     if (session.openLoads == 0)
         return FALSE;
-    if (corvane::host::DataSet *set = detail::currentDataSet(); set && ArgList) {
+    corvane::host::DataSet *set = detail::currentDataSet();
+    if (set && ArgList) {
         if (const ArgList_s::Arg *arg = ArgList->find("InitialPlotType"))
             if (const LgIndex_t *plotType = std::get_if<LgIndex_t>(&arg->value))
                 set->initialPlotType = static_cast<int>(*plotType);
     }
-    if (--session.openLoads == 0)
-        session.current.reset();
-    return TRUE;
+    if (--session.openLoads > 0)
+        return TRUE;
+    bool empty = set && set->zones.empty();
+    if (empty) {
+        corvane::host::userInterface().error(fmt::format(
+            "The data set \"{}\" has no zones: the load is not kept.", set->title));
+        session.sets.erase(session.sets.begin() + static_cast<std::ptrdiff_t>(*session.current));
+    }
+    session.current.reset();
+    return empty ? FALSE : TRUE;
 }
 
 /* Keeps a copy of Instructions with the data set of the open load. FALSE,

@@ -19,7 +19,12 @@ namespace corvane::cvnutildataio {
 
 int32_t TW_ZonePointCount(int32_t IMax, int32_t JMax, int32_t KMax)
 {
-    return (int32_t)((int64_t)IMax * JMax * KMax);
+    int64_t Points = 0;
+    if (__builtin_mul_overflow((int64_t)IMax, (int64_t)JMax, &Points) ||
+        __builtin_mul_overflow(Points, (int64_t)KMax, &Points) || Points > INT32_MAX ||
+        Points < INT32_MIN)
+        return -1;
+    return (int32_t)Points;
 }
 
 /* Makes a data set with every member at its initial value; NULL after
@@ -53,6 +58,16 @@ bool AddNewZone(TW_ZoneInfo_s **ZoneList, TW_ZoneInfo_s **LastZone, int32_t *Zon
 {
     int32_t ZoneNumber = (*ZoneCounter)++;
 
+    if (!Dimension->Auto &&
+        TW_ZonePointCount(Dimension->IMax, Dimension->JMax, Dimension->KMax) < 0) {
+        char Message[160];
+        snprintf(Message, sizeof(Message),
+                 "Out of memory. A zone of %ld x %ld x %ld points is more than the loader can "
+                 "hold.",
+                 (long)Dimension->IMax, (long)Dimension->JMax, (long)Dimension->KMax);
+        ShowDialogErrorMessage(Message);
+        return false;
+    }
     TW_ZoneInfo_s *Zone = (TW_ZoneInfo_s *)TW_Malloc(sizeof(TW_ZoneInfo_s));
     if (Zone == NULL) {
         ShowDialogErrorMessage("Out of memory");

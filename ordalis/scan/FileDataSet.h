@@ -45,13 +45,15 @@ typedef struct {
     bool NeedsRescan;
 } TW_FileDataSet_s;
 
-/* IMax * JMax * KMax as the 32-bit point count (computed in 64 bits, so
-   absurd sizes wrap instead of overflowing). */
+/* IMax * JMax * KMax as the 32-bit point count; -1 when the product does
+   not fit in it. */
 int32_t TW_ZonePointCount(int32_t IMax, int32_t JMax, int32_t KMax);
 /* New empty data set; NULL after "Out of memory". */
 TW_FileDataSet_s *FileDataSetAlloc();
 /* Appends a zone named "Zone <*ZoneCounter>" and advances the counter;
-   false only when the zone record could not be made. */
+   false when the zone record could not be made, and (after "Out of memory.
+   A zone of I x J x K points is more than the loader can hold") for given
+   sizes whose point count does not fit in 32 bits. */
 bool AddNewZone(TW_ZoneInfo_s **ZoneList, TW_ZoneInfo_s **LastZone, int32_t *ZoneCounter,
                 int32_t NumVars, const TW_Dimension_s *Dimension);
 void FileDataSetDealloc(TW_FileDataSet_s **DataSet);

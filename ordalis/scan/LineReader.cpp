@@ -42,7 +42,7 @@ static bool Refill(TW_LineReader_s *Reader)
     return Read > 0;
 }
 
-char *TW_ReadLine(TW_LineReader_s *Reader)
+char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length)
 {
     if (Reader->Covered != NULL) {
         *Reader->Covered = Reader->CoveredChar;
@@ -69,6 +69,7 @@ char *TW_ReadLine(TW_LineReader_s *Reader)
         }
     }
     char *Line = Block + Reader->Begin;
+    *Length = (size_t)(LineEnd - Line);
     Reader->Begin = (size_t)(LineEnd - Block);
     Reader->Covered = LineEnd;
     Reader->CoveredChar = *LineEnd;

@@ -25,9 +25,11 @@ typedef struct {
 void TW_LineReaderStart(TW_LineReader_s *Reader, FILE *File);
 /* The next line: up to and including its line feed, at most 64000
    characters (a longer line comes in pieces, as from fgets), NUL-terminated
-   and writable up to its NUL; valid until the next call. NULL at the end of
-   the file or on a read error. */
-char *TW_ReadLine(TW_LineReader_s *Reader);
+   and writable up to its NUL; valid until the next call. *Length is the
+   number of characters read, NUL bytes included (a NUL inside the line
+   ends it as a C string, not as read). NULL at the end of the file or on a
+   read error. */
+char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length);
 
 } // namespace corvane::cvnutildataio
 

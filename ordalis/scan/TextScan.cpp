@@ -172,12 +172,12 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
     TW_LineReader_s Reader;
     TW_LineReaderStart(&Reader, File);
     char *Line;
-    while (!State->Stopped && (Line = TW_ReadLine(&Reader)) != NULL) {
+    size_t Read = 0;
+    while (!State->Stopped && (Line = TW_ReadLine(&Reader, &Read)) != NULL) {
         LineNumber++;
-        /* The length as a C string: a NUL byte in the file ends the line
-           there, as it always has for the steps that follow. */
-        size_t Length = strlen(Line);
-        if (Length == TW_MAX_LINE_LENGTH && Line[Length - 1] != '\n') {
+        /* Too long by the characters read, NUL bytes included, so that a
+           file of NUL bytes ends here too. */
+        if (Read == TW_MAX_LINE_LENGTH && Line[Read - 1] != '\n') {
             char Message[sizeof(LineTooLongMessage) + 64];
             snprintf(Message, sizeof(Message), LineTooLongMessage, (long)LineNumber,
                      TW_LOADER_NAME, (unsigned long)TW_MAX_LINE_LENGTH);
@@ -185,6 +185,9 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
             State->Failed = true;
             break;
         }
+        /* The length as a C string: a NUL byte in the file ends the line
+           there, as it always has for the steps that follow. */
+        size_t Length = strlen(Line);
         while (Length > 0 && (Line[Length - 1] == '\n' || Line[Length - 1] == '\r'))
             Line[--Length] = '\0';
 

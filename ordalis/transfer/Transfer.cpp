@@ -20,7 +20,7 @@ namespace corvane::cvnutildataio {
 /* Progress of one transfer: values copied so far against the total that
    the first zone predicts, and the last percentage given to the box. */
 typedef struct {
-    int32_t Counter;
+    int64_t Counter; /* may pass 2^31 in loads of several zones */
     int32_t Total;
     int32_t LastPercent;
 } TW_TransferProgress_s;
@@ -29,7 +29,11 @@ typedef struct {
    False when the user pressed cancel (GlobalCancelled is then set). */
 static bool UpdateProgress(TW_TransferProgress_s *Progress)
 {
-    int32_t Percent = TW_MulDiv(Progress->Counter, 100, Progress->Total);
+    int32_t Percent = 0;
+    if (Progress->Counter <= INT32_MAX)
+        Percent = TW_MulDiv((int32_t)Progress->Counter, 100, Progress->Total);
+    else if (Progress->Total > 0)
+        Percent = (int32_t)(Progress->Counter * 100 / Progress->Total);
     if (Percent != Progress->LastPercent) {
         if (!TW_CheckPercentDone(Percent))
             return false;

@@ -48,6 +48,10 @@ void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array)
    failure shows "Out of memory" and leaves the buffer as it is. */
 static bool Grow(TW_DoubleArray_s *Array)
 {
+    if (Array->Count > INT32_MAX - TW_DOUBLEARRAY_STEP) { /* the count would not fit */
+        CvnUtilDialogErrMsg(OutOfMemory);
+        return false;
+    }
     double *Values = static_cast<double *>(
         TW_Realloc(Array->Values, BytesFor(static_cast<int64_t>(Array->Count) + TW_DOUBLEARRAY_STEP)));
     if (Values == nullptr) {
@@ -72,10 +76,19 @@ bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
     return false;
 }
 
-/* Appends Value N times; N <= 0 changes nothing. On failure the values
-   stored before the failing growth stay. */
+/* Appends Value N times; N <= 0 changes nothing. A fill whose count would
+   not fit in 32 bits, or whose values would not fit in the memory the
+   allocator allows, is refused before anything grows. On a failed growth
+   the values stored before it stay. */
 bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value)
 {
+    if (N <= 0)
+        return true;
+    int64_t Final = (int64_t)Array->Count + N;
+    if (Final > INT32_MAX - TW_DOUBLEARRAY_STEP || !TW_AllocationFits(BytesFor(Final))) {
+        CvnUtilDialogErrMsg(OutOfMemory);
+        return false;
+    }
     for (int32_t I = 0; I < N; I++)
         if (!TW_DoubleArrayAdd(Array, Value))
             return false;

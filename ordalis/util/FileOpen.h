@@ -9,7 +9,9 @@
 #include <string>
 
 namespace corvane::filesystem {
-/* fopen of FileName in Mode; NULL on failure. */
+/* fopen of FileName in Mode; NULL on failure, and for a directory or a
+   device: the add-on reads and writes files only (a directory would read
+   as an empty file, a device such as /dev/zero might never end). */
 FILE *fileOpen(const std::string &FileName, const std::string &Mode);
 } // namespace corvane::filesystem
 

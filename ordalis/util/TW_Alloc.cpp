@@ -3,7 +3,9 @@
  */
 #include "TW_Alloc.h"
 
+#include <cstdint>
 #include <cstdlib>
+#include <unistd.h>
 
 namespace corvane::cvnutildataio {
 
@@ -17,19 +19,32 @@ static bool ShouldFail()
     return FailAt != 0 && Calls == FailAt;
 }
 
+bool TW_AllocationFits(size_t Bytes)
+{
+    static size_t Limit = 0; /* half the machine's memory in bytes, asked once */
+    if (Limit == 0) {
+        long Pages = sysconf(_SC_PHYS_PAGES);
+        long PageSize = sysconf(_SC_PAGESIZE);
+        Limit = Pages > 0 && PageSize > 0 ? (size_t)Pages / 2 * (size_t)PageSize : SIZE_MAX;
+    }
+    return Bytes <= Limit;
+}
+
 void *TW_Malloc(size_t Size)
 {
-    return ShouldFail() ? nullptr : malloc(Size);
+    return ShouldFail() || !TW_AllocationFits(Size) ? nullptr : malloc(Size);
 }
 
 void *TW_Calloc(size_t Count, size_t Size)
 {
-    return ShouldFail() ? nullptr : calloc(Count, Size);
+    if (ShouldFail() || (Size != 0 && Count > SIZE_MAX / Size) || !TW_AllocationFits(Count * Size))
+        return nullptr;
+    return calloc(Count, Size);
 }
 
 void *TW_Realloc(void *Block, size_t Size)
 {
-    return ShouldFail() ? nullptr : realloc(Block, Size);
+    return ShouldFail() || !TW_AllocationFits(Size) ? nullptr : realloc(Block, Size);
 }
 
 void TW_Free(void *Block)

@@ -12,10 +12,16 @@
 
 namespace corvane::cvnutildataio {
 
+/* A single block larger than half the machine's memory is refused (NULL)
+   before anything is asked of the system: the values it would hold could
+   not be handed to the host as well, and such a request would more likely
+   end the process than fail. */
 void *TW_Malloc(size_t Size);
 void *TW_Calloc(size_t Count, size_t Size);
 void *TW_Realloc(void *Block, size_t Size);
 void TW_Free(void *Block);
+/* True when a block of Bytes is within half the machine's memory. */
+bool TW_AllocationFits(size_t Bytes);
 
 /* Test hook: the N-th allocation from now on (1 = the next) returns NULL;
    0 switches injection off. */

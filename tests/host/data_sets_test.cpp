@@ -88,8 +88,20 @@ TEST_F(DataSetTest, TheNextLoadCannotReachAnEarlierDataSet)
     ASSERT_TRUE(CvnUtilDataLoadStart());
     EXPECT_EQ(CvnUtilDataValueGetRef(1, 1), nullptr);
     ASSERT_TRUE(create(fourVars));
+    ASSERT_TRUE(CvnUtilDataSetAddZone("Z2", 1, 1, 1, ZoneType_Ordered, fourTypes));
     EXPECT_TRUE(CvnUtilDataLoadFinishX(nullptr));
     EXPECT_EQ(dataSets().size(), 2u);
+}
+
+/* A load whose data set got no zone (its zones could not be made) is not
+   kept as data: the finish refuses it with an error box. */
+TEST_F(DataSetTest, ADataSetWithoutZonesIsNotKept)
+{
+    ASSERT_TRUE(CvnUtilDataLoadStart());
+    ASSERT_TRUE(create(fourVars));
+    EXPECT_FALSE(CvnUtilDataLoadFinishX(nullptr));
+    EXPECT_TRUE(dataSets().empty());
+    EXPECT_EQ(ui().errors(), Strings{"The data set \"\" has no zones: the load is not kept."});
 }
 
 /* Each call in a fresh state: no load open, a load without a data set, or a
@@ -126,6 +138,8 @@ TEST_F(DataSetTest, FailedCallsKeepTheirExactReasonForThePostedErrorBox)
             ASSERT_TRUE(create(fourVars));
         }
         expectPosted(row.call(), row.reason);
-        EXPECT_EQ(CvnUtilDataLoadFinishX(nullptr), row.state != noLoad) << row.reason;
+        /* No row adds a zone: a data set made in the load is not kept. */
+        bool made = !dataSets().empty();
+        EXPECT_EQ(CvnUtilDataLoadFinishX(nullptr), row.state != noLoad && !made) << row.reason;
     }
 }

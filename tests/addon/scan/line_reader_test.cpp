@@ -47,10 +47,16 @@ TEST(LineReaderTest, GivesTheLinesOfFgetsAcrossBlocks)
     std::FILE *file = std::fopen(path.c_str(), "r");
     tw::TW_LineReader_s reader;
     tw::TW_LineReaderStart(&reader, file);
-    for (char *line = tw::TW_ReadLine(&reader); line != nullptr; line = tw::TW_ReadLine(&reader))
+    size_t length = 0;
+    size_t total = 0; /* characters read, NUL bytes included */
+    for (char *line = tw::TW_ReadLine(&reader, &length); line != nullptr;
+         line = tw::TW_ReadLine(&reader, &length)) {
         read.emplace_back(line);
+        total += length;
+    }
     std::fclose(file);
     EXPECT_EQ(read, linesByFgets(path));
+    EXPECT_EQ(total, text.size());
     EXPECT_GT(read.size(), 3000u);
 }
 
