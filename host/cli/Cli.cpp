@@ -4,6 +4,7 @@
  */
 #include "Cli.h"
 
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -13,7 +14,9 @@
 #include "CommandLine.h"
 #include "ConsoleUi.h"
 #include "DataModel.h"
+#include "Faults.h"
 #include "Layout.h"
+#include "Lock.h"
 #include "RunOutputs.h"
 #include "TranscriptFile.h"
 #include "UiRun.h"
@@ -21,17 +24,27 @@
 namespace corvane::cli {
 namespace {
 
-/* Replays the loads in order, stopping at the first that fails. */
-bool replayAll(const std::vector<host::LoaderInstructions> &loads, std::FILE *err)
+/* Replays the loads in order, stopping at the first that fails. told
+   counts what the user was told or did so far (boxes shown, Cancel
+   pressed): a load that fails without either (the loader may fail
+   silently, for instance when the host had no memory for an argument list)
+   is reported here, so that no run fails without a word. */
+bool replayAll(const std::vector<host::LoaderInstructions> &loads,
+               const std::function<long()> &told, std::FILE *err)
 {
     for (const auto &load : loads) {
+        long before = told();
         auto result = host::replayLoad(load.loader, load.strings);
         if (!result) {
             fmt::print(err, "corvane: {}\n", result.error());
             return false;
         }
-        if (!*result)
+        if (!*result) {
+            if (told() == before)
+                fmt::print(err, "corvane: the loader \"{}\" failed without a message\n",
+                           load.loader);
             return false;
+        }
     }
     return true;
 }
@@ -64,8 +77,15 @@ int runCommand(const Command &cmd, const Io &io)
     options.quiet = cmd.quiet;
     options.in = io.in;
     options.err = io.err;
-    options.onEvent = transcript->writer();
-    host::ScopedUserInterface ui(std::make_shared<host::ConsoleUi>(std::move(options)));
+    long boxes = 0; /* error and message boxes shown */
+    options.onEvent = [&boxes, write = transcript->writer()](const host::UiEvent &event) {
+        if (event.kind == host::UiEvent::Kind::error || event.kind == host::UiEvent::Kind::message)
+            ++boxes;
+        if (write)
+            write(event);
+    };
+    auto console = std::make_shared<host::ConsoleUi>(std::move(options));
+    host::ScopedUserInterface ui(console);
 
     std::string addOnPath = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
     if (auto loaded = host::loadAddOn(addOnPath); !loaded) {
@@ -75,7 +95,12 @@ int runCommand(const Command &cmd, const Io &io)
     }
 
     size_t before = host::dataSets().size();
-    int status = replayAll(loads, io.err) ? exitSuccess : exitFailure;
+    auto told = [&boxes, &console] { return boxes + console->cancelsPressed(); };
+    int status = replayAll(loads, told, io.err) ? exitSuccess : exitFailure;
+    if (auto imbalance = host::lockImbalance()) {
+        fmt::print(io.err, "corvane: {}\n", *imbalance);
+        status = exitFailure;
+    }
     if (status == exitSuccess) {
         auto made = std::span(host::dataSets()).subspan(before);
         if (auto delivered = deliver(cmd, made, io.out); !delivered) {
@@ -105,7 +130,10 @@ int run(const std::vector<std::string> &args, Io io)
         return stop->status;
     }
     const Command &cmd = std::get<Command>(parsed);
+    host::resetLock();
+    host::failHostAllocationFromEnvironment();
     int status = cmd.kind == CommandKind::ui ? runUi(cmd, io) : runCommand(cmd, io);
+    host::reportHostAllocationsToEnvironment();
     std::fflush(io.out);
     return status;
 }

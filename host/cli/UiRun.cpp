@@ -13,10 +13,13 @@
 #include "AddOns.h"
 #include "DataModel.h"
 #include "Gui.h"
+#include "GuiState.h"
+#include "Lock.h"
 #include "RunOutputs.h"
 #include "Script.h"
 #include "ScriptRunUi.h"
 #include "ScriptRunner.h"
+#include "ScriptedUi.h"
 #include "TranscriptFile.h"
 
 namespace corvane::cli {
@@ -59,10 +62,15 @@ int runSteps(ScriptRunner &runner, ScriptRunUi &ui, const std::vector<script::Li
 }
 
 /* The end of every run once the add-on is loaded: the dialogs still up
-   close with the host, which lets the add-on agree to quit. */
+   close with the host, as a user closing it would close them (their Cancel
+   gives back what they hold; any question it asks is answered No, quietly,
+   for the run is over), which lets the add-on agree to quit. */
 void endRun()
 {
-    host::gui::dropAllDialogs();
+    {
+        host::ScopedUserInterface quiet(std::make_shared<host::ScriptedUi>());
+        host::gui::closeAllDialogs();
+    }
     host::quit();
     host::resetAddOns();
     host::gui::resetGui();
@@ -102,6 +110,11 @@ int runUi(const Command &cmd, const Io &io)
     std::size_t before = host::dataSets().size();
     ScriptRunner runner(*ui, loaderName, before);
     int status = runSteps(runner, *ui, *lines, cmd.scriptFile, loaderName, io.err);
+    /* Dialogs still up hold the lock as they should; with none up it must be free. */
+    if (auto imbalance = host::lockImbalance(); imbalance && host::gui::snapshot().dialogs.empty()) {
+        fmt::print(io.err, "corvane: {}\n", *imbalance);
+        status = exitFailure;
+    }
     if (status == exitSuccess) {
         auto made = std::span(host::dataSets()).subspan(before);
         if (auto delivered = deliver(cmd, made, io.out); !delivered) {

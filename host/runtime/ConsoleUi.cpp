@@ -47,6 +47,7 @@ struct ConsoleUi::State {
     bool progressUp = false;
     bool progressCancel = false; /* the open box has a Cancel button */
     bool cancelFired = false;    /* its Cancel was pressed */
+    long cancels = 0;            /* Cancel presses so far, in every box */
     bool handlerInstalled = false;
     struct sigaction previousHandler {};
 
@@ -167,9 +168,16 @@ bool ConsoleUi::progressCheck(int percent)
     if (!s.progressCancel)
         return true;
     if (!s.cancelFired &&
-        (interrupted.load() || (s.options.cancelAt && percent >= *s.options.cancelAt)))
+        (interrupted.load() || (s.options.cancelAt && percent >= *s.options.cancelAt))) {
         s.cancelFired = true;
+        ++s.cancels;
+    }
     return !s.cancelFired;
+}
+
+long ConsoleUi::cancelsPressed() const
+{
+    return state_->cancels;
 }
 
 void ConsoleUi::progressDrop()

@@ -49,6 +49,9 @@ public:
                                           std::string_view filter) override;
     void help(std::string_view page) override;
 
+    /* How many times Cancel was pressed in a progress box so far. */
+    long cancelsPressed() const;
+
 private:
     struct State;
     std::unique_ptr<State> state_;

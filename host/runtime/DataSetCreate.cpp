@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 
 #include "DataSession.h"
+#include "Faults.h"
 #include "Handles.h"
 #include "UserInterface.h"
 
@@ -139,7 +140,7 @@ Boolean_t CvnUtilDataSetAddZone(const char *Name, LgIndex_t IMax, LgIndex_t JMax
         __builtin_mul_overflow(points, KMax, &points))
         return fail(prefix + fmt::format("{} x {} x {} points are too many", IMax, JMax, KMax));
     const std::string outOfMemory = prefix + fmt::format("out of memory for {} points", points);
-    if (!fieldsAddressable(points, VarDataTypes, varCount))
+    if (!fieldsAddressable(points, VarDataTypes, varCount) || corvane::host::hostAllocationFails())
         return fail(outOfMemory);
     try {
         Zone zone;

@@ -4,6 +4,9 @@
  */
 #include "Faults.h"
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace corvane::host {
 
 namespace {
@@ -16,6 +19,21 @@ void failHostAllocationAt(long n)
 {
     failAt = n < 0 ? 0 : n;
     allocations = 0;
+}
+
+void failHostAllocationFromEnvironment()
+{
+    if (const char *n = std::getenv("CORVANE_FAIL_HOST_ALLOCATION"))
+        failHostAllocationAt(std::atol(n));
+}
+
+void reportHostAllocationsToEnvironment()
+{
+    if (const char *path = std::getenv("CORVANE_HOST_ALLOCATION_COUNT_FILE"))
+        if (std::FILE *file = std::fopen(path, "w")) {
+            std::fprintf(file, "%ld\n", allocations);
+            std::fclose(file);
+        }
 }
 
 long hostAllocationCount()

@@ -11,7 +11,15 @@ namespace corvane::host {
 void failHostAllocationAt(long n);
 /* Host allocations made since the last failHostAllocationAt. */
 long hostAllocationCount();
-/* Called by every host allocation: true when this one must fail. */
+/* Test hook for whole runs: when the environment variable
+   CORVANE_FAIL_HOST_ALLOCATION holds a number N > 0, the N-th host
+   allocation from now on fails. */
+void failHostAllocationFromEnvironment();
+/* Writes hostAllocationCount() to the file that the environment variable
+   CORVANE_HOST_ALLOCATION_COUNT_FILE names, if any (the end of a run). */
+void reportHostAllocationsToEnvironment();
+/* Called by every host allocation (strings, string lists, sets, argument
+   lists, the fields of a zone): true when this one must fail. */
 bool hostAllocationFails();
 
 /* Live host objects (strings, string lists, sets, argument lists) not yet

@@ -95,9 +95,13 @@ bool typeText(LgIndex_t control, std::string_view text);
 bool selectItem(LgIndex_t list, LgIndex_t position);
 bool selectItems(LgIndex_t list, std::span<const LgIndex_t> positions);
 
-/* Takes down every dialog that is up, top first, calling nothing: the host
-   closing its windows as it ends. */
+/* Takes down every dialog that is up, top first, calling nothing. */
 void dropAllDialogs();
+/* Closes every dialog that is up, top first, as a user closing the host's
+   windows does: the dialog's Cancel runs (and takes it down, as it gives
+   back what the dialog held); a dialog without one, or that stays up, is
+   dropped. The boxes its Cancel raises go to the current user interface. */
+void closeAllDialogs();
 /* Forgets every dialog, control and subscription (ids start again at 1). */
 void resetGui();
 

@@ -139,6 +139,16 @@ void dropAllDialogs()
         dropDialog(stack.back());
 }
 
+void closeAllDialogs()
+{
+    while (!stack.empty()) {
+        LgIndex_t top = stack.back();
+        pressDialogButton(top, DialogButton::cancel);
+        if (!stack.empty() && stack.back() == top)
+            dropDialog(top);
+    }
+}
+
 void resetGui()
 {
     dialogs.clear();

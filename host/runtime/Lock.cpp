@@ -43,6 +43,17 @@ void resetLock()
     unbalanced = 0;
 }
 
+std::optional<std::string> lockImbalance()
+{
+    if (depth > 0)
+        return "an add-on left the host lock taken (" + std::to_string(depth) +
+               " start(s) not finished)";
+    if (unbalanced > 0)
+        return "an add-on finished the host lock " + std::to_string(unbalanced) +
+               " time(s) without starting it";
+    return std::nullopt;
+}
+
 } // namespace corvane::host
 
 extern "C" {

@@ -4,6 +4,7 @@
 #include "TW_Alloc.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
 
@@ -12,9 +13,29 @@ namespace corvane::cvnutildataio {
 static long FailAt = 0; /* the call number that fails; 0 = none (tests set it) */
 static long Calls = 0;  /* calls since the last TW_AllocFailAt */
 
+/* Writes the number of allocations made to the file that
+   ORDALIS_ALLOCATION_COUNT_FILE names, when the add-on is unloaded. */
+static void WriteAllocationCount()
+{
+    if (const char *Path = getenv("ORDALIS_ALLOCATION_COUNT_FILE")) {
+        if (FILE *File = fopen(Path, "w")) {
+            fprintf(File, "%ld\n", Calls);
+            fclose(File);
+        }
+    }
+}
+
 /* True when this call is the one a test asked to fail. */
 static bool ShouldFail()
 {
+    static bool FromEnvironment = false; /* ORDALIS_FAIL_ALLOCATION was read */
+    if (!FromEnvironment) {
+        FromEnvironment = true;
+        if (const char *N = getenv("ORDALIS_FAIL_ALLOCATION"))
+            FailAt = atol(N) > 0 ? atol(N) : 0;
+        if (getenv("ORDALIS_ALLOCATION_COUNT_FILE") != nullptr)
+            atexit(WriteAllocationCount);
+    }
     ++Calls;
     return FailAt != 0 && Calls == FailAt;
 }

@@ -24,7 +24,10 @@ void TW_Free(void *Block);
 bool TW_AllocationFits(size_t Bytes);
 
 /* Test hook: the N-th allocation from now on (1 = the next) returns NULL;
-   0 switches injection off. */
+   0 switches injection off. For whole runs the environment variable
+   ORDALIS_FAIL_ALLOCATION=N does the same from the add-on's first
+   allocation on, and ORDALIS_ALLOCATION_COUNT_FILE=PATH has the number of
+   allocations made written to PATH when the add-on is unloaded. */
 void TW_AllocFailAt(long N);
 /* Test hook: number of allocations made since the last TW_AllocFailAt. */
 long TW_AllocCount();
