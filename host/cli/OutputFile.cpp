@@ -64,8 +64,11 @@ host::Expected<void> OutputFile::commit()
 {
     if (!stream_)
         return host::unexpected(fmt::format("cannot write {}: already closed", path_));
-    bool failed = std::ferror(stream_) != 0;
-    int error = failed ? EIO : 0;
+    /* Flushing what is left says why the writing failed (a full disk, say),
+       which the stream's error flag alone does not. */
+    errno = 0;
+    bool failed = std::fflush(stream_) != 0 || std::ferror(stream_) != 0;
+    int error = failed ? (errno != 0 ? errno : EIO) : 0;
     if (std::fclose(std::exchange(stream_, nullptr)) != 0 && !failed) {
         failed = true;
         error = errno;

@@ -5,6 +5,7 @@
  */
 #include "LineReader.h"
 
+#include <cerrno>
 #include <cstring>
 
 #include "StringUtil.h"
@@ -22,6 +23,7 @@ void TW_LineReaderStart(TW_LineReader_s *Reader, FILE *File)
     Reader->Begin = 0;
     Reader->End = 0;
     Reader->AtEof = false;
+    Reader->Error = 0;
     Reader->Covered = NULL;
     Reader->CoveredChar = '\0';
     setvbuf(File, NULL, _IONBF, 0); /* blocks are read straight into Block */
@@ -35,11 +37,20 @@ static bool Refill(TW_LineReader_s *Reader)
     memmove(Block, Block + Reader->Begin, Unread);
     Reader->Begin = 0;
     Reader->End = Unread;
+    errno = 0;
     size_t Read = fread(Block + Unread, 1, TW_BLOCK_SIZE - Unread, Reader->File);
     Reader->End += Read;
-    if (Read == 0)
+    if (Read == 0) {
         Reader->AtEof = true;
+        if (ferror(Reader->File))
+            Reader->Error = errno != 0 ? errno : EIO;
+    }
     return Read > 0;
+}
+
+int TW_LineReaderError(const TW_LineReader_s *Reader)
+{
+    return Reader->Error;
 }
 
 char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length)
@@ -62,7 +73,8 @@ char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length)
             break;
         }
         if (Reader->AtEof || !Refill(Reader)) {
-            if (Reader->End == Reader->Begin)
+            /* After a failed read the characters before it are not a line. */
+            if (Reader->Error != 0 || Reader->End == Reader->Begin)
                 return NULL;
             LineEnd = Block + Reader->End; /* a last line without a line feed */
             break;

@@ -15,7 +15,8 @@ typedef struct {
     FILE *File;
     size_t Begin;      /* first unread character of the block */
     size_t End;        /* end of the characters read into the block */
-    bool AtEof;        /* the file has no more characters */
+    bool AtEof;        /* the file has no more characters, or cannot be read further */
+    int Error;         /* errno of a failed read; 0 when the file ended normally */
     char *Covered;     /* where the last line's NUL stands */
     char CoveredChar;  /* the character that NUL covers */
 } TW_LineReader_s;
@@ -30,6 +31,9 @@ void TW_LineReaderStart(TW_LineReader_s *Reader, FILE *File);
    ends it as a C string, not as read). NULL at the end of the file or on a
    read error. */
 char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length);
+/* After TW_ReadLine gave NULL: the errno of the read that failed, or 0 when
+   the file simply ended. */
+int TW_LineReaderError(const TW_LineReader_s *Reader);
 
 } // namespace corvane::cvnutildataio
 

@@ -35,6 +35,8 @@ static const char OpenFailedMessage[] =
 static const char LineTooLongMessage[] =
     "Error: Line %ld of this file is too long.\nThe maximum line length supported by %s is %lu "
     "bytes";
+static const char ReadErrorMessage[] =
+    "Cannot read file \"%s\" after line %ld: %s.\nThe file was not loaded";
 static const char FillQuestion[] =
     "In zone %d, variable \"%s\", only %ld values were found, when %ld were expected. Would "
     "you like to fill the remaining values with 0.0?";
@@ -159,10 +161,13 @@ static bool FinishZones(TW_FileDataSet_s *DataSet, bool AutoSize)
     return true;
 }
 
-/* Reads the lines of File into State; stops on end of file, a line that is
-   too long, a cancel, or a failure of a line step. Returns the number of
-   lines read. Sets *Cancelled when the user pressed Cancel. */
-static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bool *Cancelled)
+/* Reads the lines of File (named FileName in messages) into State; stops on
+   end of file, a line that is too long, a read error (reported: what was
+   read so far is not the whole file), a cancel, or a failure of a line
+   step. Returns the number of lines read. Sets *Cancelled when the user
+   pressed Cancel. */
+static int32_t ReadLines(TW_ScanState_s *State, FILE *File, const char *FileName,
+                         int64_t FileSize, bool *Cancelled)
 {
     TW_Progress_s Progress = {FileSize, 0, INT64_MAX, 0};
     if (FileSize > 0)
@@ -171,7 +176,7 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
 
     TW_LineReader_s Reader;
     TW_LineReaderStart(&Reader, File);
-    char *Line;
+    char *Line = NULL;
     size_t Read = 0;
     while (!State->Stopped && (Line = TW_ReadLine(&Reader, &Read)) != NULL) {
         LineNumber++;
@@ -196,6 +201,13 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, int64_t FileSize, bo
             break;
         }
         TW_ScanProcessLine(State, Line, LineNumber);
+    }
+    if (Line == NULL && TW_LineReaderError(&Reader) != 0) {
+        char Message[sizeof(ReadErrorMessage) + 1200];
+        snprintf(Message, sizeof(Message), ReadErrorMessage, FileName, (long)LineNumber,
+                 strerror(TW_LineReaderError(&Reader)));
+        ShowDialogErrorMessage(Message);
+        State->Failed = true;
     }
     return LineNumber;
 }
@@ -342,7 +354,7 @@ bool ScanTextFile(TW_FileDataSet_s **DataSet, const char *FileName,
         fseek(File, 0, SEEK_END);
         int64_t FileSize = (int64_t)ftell(File);
         rewind(File);
-        (*DataSet)->TotalLines = ReadLines(&State, File, FileSize, &Cancelled);
+        (*DataSet)->TotalLines = ReadLines(&State, File, FileName, FileSize, &Cancelled);
         Success = FinishScan(&State, Cancelled);
     }
 

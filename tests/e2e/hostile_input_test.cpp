@@ -41,6 +41,9 @@ TEST(HostileInput, RefusedWithTheLoadersMessageAndNoOutput)
     writeFile(scratch / "zeros.bin", std::string(100000, '\0'));
     writeFile(scratch / "line64000.txt", std::string(63999, '7') + " \n1 2\n");
     writeFile(scratch / "data.txt", "1 2\n3 4\n");
+    /* A single line of 2 GiB (a sparse file: no disk is used). */
+    writeFile(scratch / "sparse.bin", "");
+    fs::resize_file(scratch / "sparse.bin", std::uintmax_t(2) << 30);
     const std::string data = (scratch / "data.txt").string();
     const struct {
         std::string file, instructions, err;
@@ -50,6 +53,10 @@ TEST(HostileInput, RefusedWithTheLoadersMessageAndNoOutput)
         {"/dev/null", oneName, cannotOpen("/dev/null")},
         {(scratch / "zeros.bin").string(), oneName, tooLong(1)},
         {(scratch / "line64000.txt").string(), oneName, tooLong(1)},
+        {"/proc/self/mem", oneName,
+         "Cannot read file \"/proc/self/mem\" after line 0: Input/output error.\nThe file was "
+         "not loaded\n" + readError},
+        {(scratch / "sparse.bin").string(), oneName, tooLong(1)},
         {data, "CONFIGFNAME=.",
          "Could not open configuration file \".\" for reading. Check disk space or "
          "permissions.\n"},
@@ -101,4 +108,18 @@ TEST(HostileInput, LineEndsAndLengthsAtTheLimitLoad)
         auto loaded = nlohmann::json::parse(readFile(out));
         EXPECT_EQ(loaded["zones"][0]["values"][0].get<std::vector<double>>(), row.a) << row.name;
     }
+}
+
+TEST(HostileInput, AnOutputThatCannotBeWrittenLeavesNoFile)
+{
+    ScratchDir scratch;
+    writeFile(scratch / "file.txt", "not a folder");
+    const std::string blocked = (scratch / "file.txt" / "out.json").string();
+    const std::string fine = (scratch / "fine.csv").string();
+    Result run = runInProcess({"load", (examplesDir / "cooling_curve.txt").string(), "--set",
+                               (examplesDir / "cooling_curve.twc").string(), "-q", "-o", fine,
+                               "-o", blocked});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "corvane: cannot write " + blocked + ": Not a directory\n");
+    EXPECT_EQ(scratch.entries(), std::vector<std::string>{"file.txt"}) << "no output at all";
 }

@@ -64,8 +64,8 @@ TEST_F(LibraryTest, FolderComesFromTheEnvironmentOrTheHostHome)
     }
 }
 
-/* Three instruction files, a file and a folder that are not, and one with a
-   syntax error; more files make five. */
+/* Three instruction files, a file, a folder and links that are not, and one
+   with a syntax error; more files make five. */
 static const char *const broken = "#!CORVANE_TABWISE\nTITLE{ NAME = \"Half\" LINE = x }\n";
 
 TEST_F(LibraryTest, OnlyRegularInstructionFilesAreRead)
@@ -75,6 +75,11 @@ TEST_F(LibraryTest, OnlyRegularInstructionFilesAreRead)
     write("library/notes.twc", "TITLE{ NAME = \"Notes\" }\n#!CORVANE_TABWISE\n");
     fs::create_directories(path("library/sub.twc"));
     write("library/broken.twc", broken);
+    /* Links in a loop, a dangling link and a link to a device are no files. */
+    fs::create_symlink("loop2.twc", path("library/loop1.twc"));
+    fs::create_symlink("loop1.twc", path("library/loop2.twc"));
+    fs::create_symlink("gone.twc", path("library/dangling.twc"));
+    fs::create_symlink("/dev/null", path("library/null.twc"));
     EXPECT_EQ(fill(), (Texts{path("library"), "a.twc=A", "b.txt=B", "broken.twc=Half"}));
     EXPECT_EQ(GlobalConfigInfoArray[0], nullptr) << "entry 0 is the dialog's";
     for (TW_ConfigInstructions_s *entry : GlobalConfigInfoArray) {
