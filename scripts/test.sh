@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The test command: installs what is missing, builds, and runs every test in
-# the release build and under AddressSanitizer + UndefinedBehaviorSanitizer.
+# the release build and under AddressSanitizer + UndefinedBehaviorSanitizer,
+# then each fuzz harness for a short while.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -15,4 +16,6 @@ for preset in release asan; do
   ASAN_OPTIONS=detect_leaks=1:abort_on_error=0 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
     ctest --preset "$preset" -j "$jobs" || status=1
 done
+echo "== fuzz harnesses" >&2
+scripts/fuzz.sh "${ORDALIS_FUZZ_SECONDS:-30}" || status=1
 exit $status

@@ -37,7 +37,8 @@ static inline bool IsDecimalDigit(char C)
 }
 
 /* "[" and "," separate ranges anywhere (repeats allowed); a range is N or
-   N-M or N-END (END in any case, stored as Max 0). Ranges are neither
+   N-M or N-END (END in any case, stored as Max 0); a number beyond a 32-bit
+   integer is an invalid integer. Ranges are neither
    checked, sorted nor merged. Ranges past the 32 slots are read but not
    stored. A missing upper bound after "-" fails without a message. */
 bool ReadNumList(const char **Cursor, TW_NumList_s *List, bool ExpectClosingBracket,
@@ -69,7 +70,7 @@ bool ReadNumList(const char **Cursor, TW_NumList_s *List, bool ExpectClosingBrac
         TW_NumRange_s *Range =
             List->NumRanges < TW_MAX_NUM_RANGES ? &List->Ranges[List->NumRanges] : &Spare;
         LgIndex_t Number = 0;
-        if (!Str_ScanForLgIndex(Cursor, &Number))
+        if (!Str_ScanForLgIndex(Cursor, &Number) || Number > INT32_MAX)
             return Fail(ErrMsg, "Invalid integer in number range");
         Range->Min = static_cast<int32_t>(Number);
 
@@ -85,6 +86,8 @@ bool ReadNumList(const char **Cursor, TW_NumList_s *List, bool ExpectClosingBrac
             } else {
                 if (!Str_ScanForLgIndex(Cursor, &Number))
                     return false;
+                if (Number > INT32_MAX || Number < INT32_MIN)
+                    return Fail(ErrMsg, "Invalid integer in number range");
                 Range->Max = static_cast<int32_t>(Number);
             }
         }

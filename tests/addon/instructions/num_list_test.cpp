@@ -32,6 +32,8 @@ TEST_F(NumListTest, ReadsListsWithTheirMessages)
         {"3 - eNd,", false, "1 3-end () []"},
         {"[-3]", true, "0  (Invalid character in number list) [-3]]"},
         {"12345678901", false, "0  (Invalid integer in number range) [1]"},
+        {"2147483647,2147483648", false, "0 2147483647 (Invalid integer in number range) []"},
+        {"1-3000000000", false, "0  (Invalid integer in number range) []"},
         {"5-x", false, "0  () [x]"},
         {"[1] COLUMNS", true, "1 1 () [ COLUMNS]"},
         {Long, false, "1 " + Long.substr(0, 86) + " () []"},
