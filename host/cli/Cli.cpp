@@ -97,17 +97,7 @@ int runCommand(const Command &cmd, const Io &io)
     size_t before = host::dataSets().size();
     auto told = [&boxes, &console] { return boxes + console->cancelsPressed(); };
     int status = replayAll(loads, told, io.err) ? exitSuccess : exitFailure;
-    if (auto imbalance = host::lockImbalance()) {
-        fmt::print(io.err, "corvane: {}\n", *imbalance);
-        status = exitFailure;
-    }
-    if (status == exitSuccess) {
-        auto made = std::span(host::dataSets()).subspan(before);
-        if (auto delivered = deliver(cmd, made, io.out); !delivered) {
-            fmt::print(io.err, "corvane: {}\n", delivered.error());
-            status = exitFailure;
-        }
-    }
+    status = concludeRun(cmd, status, before, false, io.out, io.err);
     host::quit();
     host::resetAddOns();
     return status;

@@ -7,6 +7,7 @@
 
 #include "DataOutput.h"
 #include "Layout.h"
+#include "Lock.h"
 #include "OutputFile.h"
 
 namespace corvane::cli {
@@ -75,6 +76,23 @@ host::Expected<void> deliver(const Command &cmd, std::span<const host::DataSet> 
         return written;
     printSummary(out, sets);
     return {};
+}
+
+int concludeRun(const Command &cmd, int status, std::size_t firstNew, bool dialogsUp,
+                std::FILE *out, std::FILE *err)
+{
+    if (auto imbalance = host::lockImbalance(); imbalance && !dialogsUp) {
+        fmt::print(err, "corvane: {}\n", *imbalance);
+        status = exitFailure;
+    }
+    if (status == exitSuccess) {
+        auto made = std::span(host::dataSets()).subspan(firstNew);
+        if (auto delivered = deliver(cmd, made, out); !delivered) {
+            fmt::print(err, "corvane: {}\n", delivered.error());
+            status = exitFailure;
+        }
+    }
+    return status;
 }
 
 } // namespace corvane::cli

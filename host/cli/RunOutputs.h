@@ -34,6 +34,13 @@ void printSummary(std::FILE *out, std::span<const host::DataSet> sets);
 host::Expected<void> deliver(const Command &cmd, std::span<const host::DataSet> sets,
                              std::FILE *out);
 
+/* The end of a run whose steps ended with status: an add-on that left the
+   host lock taken fails the run (unless dialogs are still up, which hold
+   it); a run that succeeded then delivers the data sets made from
+   firstNew on. Failures are said on err. The run's exit status. */
+int concludeRun(const Command &cmd, int status, std::size_t firstNew, bool dialogsUp,
+                std::FILE *out, std::FILE *err);
+
 } // namespace corvane::cli
 
 #endif

@@ -110,18 +110,8 @@ int runUi(const Command &cmd, const Io &io)
     std::size_t before = host::dataSets().size();
     ScriptRunner runner(*ui, loaderName, before);
     int status = runSteps(runner, *ui, *lines, cmd.scriptFile, loaderName, io.err);
-    /* Dialogs still up hold the lock as they should; with none up it must be free. */
-    if (auto imbalance = host::lockImbalance(); imbalance && host::gui::snapshot().dialogs.empty()) {
-        fmt::print(io.err, "corvane: {}\n", *imbalance);
-        status = exitFailure;
-    }
-    if (status == exitSuccess) {
-        auto made = std::span(host::dataSets()).subspan(before);
-        if (auto delivered = deliver(cmd, made, io.out); !delivered) {
-            fmt::print(io.err, "corvane: {}\n", delivered.error());
-            status = exitFailure;
-        }
-    }
+    status = concludeRun(cmd, status, before, !host::gui::snapshot().dialogs.empty(), io.out,
+                         io.err);
     endRun();
     return status;
 }
