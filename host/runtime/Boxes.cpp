@@ -1,6 +1,7 @@
 /*
  * Boxes.cpp - the host's message, question, progress, file-chooser and help
- * boxes: each call goes to the installed user-interface backend.
+ * boxes and its please-wait indicator: each call goes to the installed
+ * user-interface backend.
  */
 #include "HostMemory.h"
 #include "UserInterface.h"
@@ -64,7 +65,9 @@ Boolean_t CvnUtilHelp(const char *HelpFileOrURL, Boolean_t /*GoToID*/, int /*Hel
     return TRUE;
 }
 
-/* The console host has no busy cursor; nothing to show. */
-void CvnUtilPleaseWait(const char * /*WaitMessage*/, Boolean_t /*DoWait*/) {}
+void CvnUtilPleaseWait(const char *WaitMessage, Boolean_t DoWait)
+{
+    userInterface().pleaseWait(textOf(WaitMessage), DoWait != FALSE);
+}
 
 } // extern "C"

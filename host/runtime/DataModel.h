@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <memory>
 #include <vector>
@@ -77,6 +78,10 @@ struct DataSet {
 
 /* The data sets created so far in this session, oldest first. */
 const std::vector<DataSet> &dataSets();
+/* The data sets whose load has ended, oldest first: all but the one that a
+   load still open is filling (a callback may show a box in the middle of a
+   load). */
+std::span<const DataSet> finishedDataSets();
 /* Forgets every data set (tests, new layouts). */
 void clearDataSets();
 /* Data load bracket state, for tests: loads started and not finished. */

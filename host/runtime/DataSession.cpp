@@ -39,6 +39,14 @@ const std::vector<DataSet> &dataSets()
     return detail::dataSession().sets;
 }
 
+std::span<const DataSet> finishedDataSets()
+{
+    const std::vector<DataSet> &sets = dataSets();
+    std::span<const DataSet> all(sets);
+    /* Data sets are appended: the one being filled is the last. */
+    return detail::currentDataSet() != nullptr ? all.first(all.size() - 1) : all;
+}
+
 void clearDataSets()
 {
     detail::DataSession &s = detail::dataSession();

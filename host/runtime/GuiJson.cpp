@@ -15,16 +15,19 @@ Json optionalText(const std::optional<std::string> &text)
     return text ? Json(*text) : Json(nullptr);
 }
 
-Json controlJson(const ControlState &control)
+Json controlJson(const ControlState &control, bool withId = false)
 {
-    Json json = {{"kind", kindName(control.kind)},
-                 {"label", optionalText(control.label)},
-                 {"caption", optionalText(control.caption)},
-                 {"sensitive", control.sensitive},
-                 {"x", control.x},
-                 {"y", control.y},
-                 {"width", control.width},
-                 {"height", control.height}};
+    Json json = Json::object();
+    if (withId)
+        json["id"] = control.id;
+    json.update(Json{{"kind", kindName(control.kind)},
+                     {"label", optionalText(control.label)},
+                     {"caption", optionalText(control.caption)},
+                     {"sensitive", control.sensitive},
+                     {"x", control.x},
+                     {"y", control.y},
+                     {"width", control.width},
+                     {"height", control.height}});
     switch (control.kind) {
     case ControlKind::toggle:
         json["on"] = control.on;
@@ -47,21 +50,35 @@ Json controlJson(const ControlState &control)
     return json;
 }
 
-} // namespace
-
-nlohmann::ordered_json toJson(const GuiState &state)
+Json stateJson(const GuiState &state, bool withIds)
 {
     Json dialogs = Json::array();
     for (const DialogState &dialog : state.dialogs) {
         Json controls = Json::array();
         for (const ControlState &control : dialog.controls)
-            controls.push_back(controlJson(control));
-        dialogs.push_back({{"title", dialog.title},
-                           {"width", dialog.width},
-                           {"height", dialog.height},
-                           {"controls", std::move(controls)}});
+            controls.push_back(controlJson(control, withIds));
+        Json json = Json::object();
+        if (withIds)
+            json["id"] = dialog.id;
+        json.update(Json{{"title", dialog.title},
+                         {"width", dialog.width},
+                         {"height", dialog.height},
+                         {"controls", std::move(controls)}});
+        dialogs.push_back(std::move(json));
     }
     return {{"dialogs", std::move(dialogs)}};
+}
+
+} // namespace
+
+nlohmann::ordered_json toJson(const GuiState &state)
+{
+    return stateJson(state, false);
+}
+
+nlohmann::ordered_json toJsonWithIds(const GuiState &state)
+{
+    return stateJson(state, true);
 }
 
 std::string toJsonText(const GuiState &state)

@@ -24,6 +24,9 @@
 namespace corvane::host::gui {
 
 nlohmann::ordered_json toJson(const GuiState &state);
+/* The same with the toolkit's "id" first in every dialog and control, for
+   front ends that send actions back by id. */
+nlohmann::ordered_json toJsonWithIds(const GuiState &state);
 /* The same JSON as text: indented by two blanks with one control a line,
    ending in a line feed; bytes that are not UTF-8 are replaced. */
 std::string toJsonText(const GuiState &state);

@@ -3,7 +3,8 @@
  * message, question, progress, file-chooser and help boxes.
  *
  * The C entry points (CvnUtilDialogErrMsg, CvnUtilDialogMessageBox, the
- * percent-done calls, CvnUtilDialogGetFileName, CvnUtilHelp) forward to the
+ * percent-done calls, CvnUtilDialogGetFileName, CvnUtilHelp,
+ * CvnUtilPleaseWait) forward to the
  * backend installed here. Without one, a ConsoleUi with no answer policy is
  * used.
  */
@@ -36,6 +37,9 @@ public:
                                                   std::string_view defaultName,
                                                   std::string_view filter) = 0;
     virtual void help(std::string_view page) = 0;
+    /* The please-wait indicator on (with its text, maybe empty) or off. A
+       console has none: the default shows nothing. */
+    virtual void pleaseWait(std::string_view /*text*/, bool /*on*/) {}
 };
 
 /* Installs a backend; returns the one it replaces. */
