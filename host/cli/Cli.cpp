@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include "AddOns.h"
+#include "BrowserRun.h"
 #include "CommandLine.h"
 #include "ConsoleUi.h"
 #include "DataModel.h"
@@ -122,7 +123,9 @@ int run(const std::vector<std::string> &args, Io io)
     const Command &cmd = std::get<Command>(parsed);
     host::resetLock();
     host::failHostAllocationFromEnvironment();
-    int status = cmd.kind == CommandKind::ui ? runUi(cmd, io) : runCommand(cmd, io);
+    int status = cmd.kind == CommandKind::ui        ? runUi(cmd, io)
+                 : cmd.kind == CommandKind::browser ? server::runBrowser(cmd, io)
+                                                    : runCommand(cmd, io);
     host::reportHostAllocationsToEnvironment();
     std::fflush(io.out);
     return status;

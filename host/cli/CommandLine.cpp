@@ -42,12 +42,22 @@ struct RawOptions {
     std::optional<int> cancelAt;
     std::string addOnPath;
     bool quiet = false;
+    std::string uiDataFile;
+    int port = 0;
+    bool noOpen = false;
+    std::vector<std::string> scriptOnly;  /* options given that only a script run takes */
+    std::vector<std::string> browserOnly; /* options given that only the browser takes */
     std::string instructionSource; /* the one given */
     int setSources = 0; /* how many of --set, --instructions, --instructions-file */
 };
 
-/* The script language, under corvane ui --help. */
-constexpr const char *scriptHelp = R"(Script lines (one step a line; quote arguments with blanks, "like \"this\""):
+/* The two ways of running the dialogs and the script language, under
+   corvane ui --help. */
+constexpr const char *scriptHelp = R"(Without --script, corvane prints "Open http://127.0.0.1:PORT/?token=TOKEN",
+opens that address in the default browser (unless --no-open) and serves the
+dialogs there until Ctrl-C. Options only for --script: -o, --save-layout, -q.
+
+Script lines (one step a line; quote arguments with blanks, "like \"this\""):
   press LABEL                  a button; OK, Cancel, Help: the dialog's own
   toggle LABEL on|off          a toggle
   choose ITEM                  a radio-box item
@@ -125,6 +135,21 @@ host::Expected<std::string> readWholeFile(const std::string &path)
 
 namespace {
 
+/* Whether the file is a plain file that can be opened for reading; the
+   error is "PATH: why". */
+host::Expected<void> checkReadable(const std::string &path)
+{
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec))
+        return host::unexpected(fmt::format("{}: is a directory", path));
+    if (std::filesystem::exists(path, ec) && !std::filesystem::is_regular_file(path, ec))
+        return host::unexpected(fmt::format("{}: is not a plain file", path));
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return host::unexpected(fmt::format("{}: {}", path, std::strerror(errno)));
+    return {};
+}
+
 /* Checks the raw values and builds the command; a problem becomes the
    usage-error stop. */
 std::variant<Command, ParseStop> finish(RawOptions &raw, CommandKind kind)
@@ -152,10 +177,20 @@ std::variant<Command, ParseStop> finish(RawOptions &raw, CommandKind kind)
         }
     } else if (kind == CommandKind::replay) {
         cmd.layoutFile = raw.layoutFile;
+    } else if (raw.scriptFile.empty()) {
+        if (!raw.scriptOnly.empty())
+            return stop(fmt::format("{} is only for ui --script runs", raw.scriptOnly.front()));
+        cmd.kind = CommandKind::browser;
+        if (!raw.uiDataFile.empty()) {
+            if (auto readable = checkReadable(raw.uiDataFile); !readable)
+                return stop("cannot read DATAFILE " + readable.error());
+        }
+        cmd.dataFile = raw.uiDataFile;
+        cmd.port = raw.port;
+        cmd.noOpen = raw.noOpen;
     } else {
-        if (raw.scriptFile.empty())
-            return stop("ui needs --script FILE (running the dialogs in a browser is not "
-                        "available yet)");
+        if (!raw.browserOnly.empty())
+            return stop(fmt::format("{} is not for ui --script runs", raw.browserOnly.front()));
         auto text = readWholeFile(raw.scriptFile);
         if (!text)
             return stop("cannot read --script " + text.error());
@@ -252,11 +287,18 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
     addRunOptions(*replay, raw);
 
     auto *ui = app.add_subcommand(
-        "ui", "Open the loader's dialogs as a user picking the loader from the load menu, and "
-              "act in them as the script FILE says");
+        "ui", "Run the loader's dialogs in a web browser, served on 127.0.0.1 until Ctrl-C; or, "
+              "with --script FILE, act in them as the script says");
+    ui->add_option("DATAFILE", raw.uiDataFile,
+                   "The data file chosen in the loader's dialog when it first opens (browser)");
+    ui->add_option("--port", raw.port,
+                   "The port to serve the browser front end on (default: a free one)")
+        ->type_name("N")
+        ->check(CLI::Range(0, 65535));
+    ui->add_flag("--no-open", raw.noOpen,
+                 "Print the address of the browser front end but do not open a browser");
     ui->add_option("--script", raw.scriptFile,
-                   "The dialog script to run (required for now: a browser front end will run "
-                   "without it)")
+                   "Run the dialogs without a browser, as the dialog script FILE says")
         ->type_name("FILE");
     addRunOptions(*ui, raw, false);
     ui->footer(scriptHelp);
@@ -282,6 +324,12 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
             ++raw.setSources;
         }
     }
+    for (const char *name : {"--output", "--save-layout", "--quiet"})
+        if (ui->get_option(name)->count() > 0)
+            raw.scriptOnly.push_back(name);
+    for (const char *name : {"DATAFILE", "--port", "--no-open"})
+        if (ui->get_option(name)->count() > 0)
+            raw.browserOnly.push_back(name);
     return finish(raw, load->parsed()     ? CommandKind::load
                        : replay->parsed() ? CommandKind::replay
                                           : CommandKind::ui);

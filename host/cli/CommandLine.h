@@ -4,6 +4,7 @@
  *   corvane load DATAFILE (--set FILE.twc | --instructions TEXT |
  *                          --instructions-file FILE) [options]
  *   corvane replay LAYOUT [options]
+ *   corvane ui [DATAFILE] [--port N] [--no-open] [--addon PATH] [--transcript FILE]
  *   corvane ui --script FILE [options]
  *
  * Parsing never runs anything: it turns the arguments into a Command, or
@@ -28,7 +29,9 @@ inline constexpr int exitSuccess = 0; /* every load succeeded */
 inline constexpr int exitFailure = 1; /* a load failed or was cancelled */
 inline constexpr int exitUsage = 2;   /* the command line or an input file is wrong */
 
-enum class CommandKind { load, replay, ui };
+/* ui is the scripted dialog run, browser the browser front end (ui
+   without --script). */
+enum class CommandKind { load, replay, ui, browser };
 enum class OutputFormat { json, csv };
 
 struct OutputSpec {
@@ -40,7 +43,8 @@ struct OutputSpec {
 struct Command {
     CommandKind kind = CommandKind::load;
     /* load: the two loader-instruction strings (data file as given; the
-       instruction text or a CONFIGFNAME reference). */
+       instruction text or a CONFIGFNAME reference). browser: the data file
+       chosen in the loader's dialog the first time (empty: none). */
     std::string dataFile;
     std::string instructions;
     /* replay: the layout file to replay. */
@@ -48,6 +52,10 @@ struct Command {
     /* ui: the script file as named, and its text. */
     std::string scriptFile;
     std::string scriptText;
+    /* browser: the port to listen on (0: a free one), and whether to leave
+       the browser closed. */
+    int port = 0;
+    bool noOpen = false;
 
     std::vector<OutputSpec> outputs; /* -o/--output, in the order given */
     std::string saveLayout;          /* --save-layout; empty: none */

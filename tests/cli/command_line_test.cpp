@@ -66,6 +66,27 @@ TEST(CommandLine, RunOptionsOfLoadAndReplay)
     EXPECT_EQ(replay.policy, true);
 }
 
+TEST(CommandLine, UiWithoutAScriptServesTheBrowserFrontEnd)
+{
+    Command plain = parse<Command>({"ui"});
+    EXPECT_EQ(plain.kind, CommandKind::browser);
+    EXPECT_EQ(plain.dataFile, "");
+    EXPECT_EQ(plain.port, 0);
+    EXPECT_FALSE(plain.noOpen);
+
+    testfiles::ScratchDir scratch;
+    std::string data = (scratch / "d.txt").string();
+    testfiles::writeFile(data, "1 2\n");
+    Command full = parse<Command>({"ui", data, "--port", "8080", "--no-open", "--addon", "/x/lib.so",
+                                   "--transcript", "t.jsonl"});
+    EXPECT_EQ(full.kind, CommandKind::browser);
+    EXPECT_EQ(full.dataFile, data);
+    EXPECT_EQ(full.port, 8080);
+    EXPECT_TRUE(full.noOpen);
+    EXPECT_EQ(full.addOnPath, "/x/lib.so");
+    EXPECT_EQ(full.transcript, "t.jsonl");
+}
+
 TEST(CommandLine, UsageErrorsNameTheProblem)
 {
     const std::pair<std::vector<std::string>, std::string> cases[] = {
@@ -82,7 +103,15 @@ TEST(CommandLine, UsageErrorsNameTheProblem)
          "--cancel-at: Value 101 not in range 0 to 100"},
         {{"load", "d.txt", "--set", "a.twc", "--yes", "--no"}, "--yes excludes --no"},
         {{"unload"}, "unknown command \"unload\" (use load, replay or ui)"},
-        {{"ui"}, "ui needs --script FILE (running the dialogs in a browser is not available yet)"},
+        {{"ui", "-o", "out.json"}, "--output is only for ui --script runs"},
+        {{"ui", "-q"}, "--quiet is only for ui --script runs"},
+        {{"ui", "--script", "s.txt", "--no-open"}, "--no-open is not for ui --script runs"},
+        {{"ui", "d.txt", "--script", "s.txt"}, "DATAFILE is not for ui --script runs"},
+        {{"ui", "--port", "65536"}, "--port: Value 65536 not in range 0 to 65535"},
+        {{"ui", "/nonexistent/d.txt"},
+         "cannot read DATAFILE /nonexistent/d.txt: No such file or directory"},
+        {{"ui", "/"}, "cannot read DATAFILE /: is a directory"},
+        {{"ui", "/dev/zero"}, "cannot read DATAFILE /dev/zero: is not a plain file"},
         {{"ui", "--script", "/nonexistent/s.txt"},
          "cannot read --script /nonexistent/s.txt: No such file or directory"},
         {{"ui", "--script", "s.txt", "--yes"}, "The following argument was not expected: --yes"},
@@ -114,6 +143,7 @@ TEST(CommandLine, HelpIsNoError)
         {{"replay", "-h"}, "Usage: corvane replay [OPTIONS] LAYOUT"},
         {{"ui", "--help"}, "Usage: corvane ui [OPTIONS]"},
         {{"ui", "--help"}, "  expect items|selected CAPTION ITEM...\n"},
+        {{"ui", "--help"}, "  --no-open "},
     };
     for (const auto &[args, usageLine] : cases) {
         ParseStop stop = parse<ParseStop>(args);
