@@ -14,6 +14,10 @@
 
 namespace corvane::server {
 
+namespace {
+constexpr std::string_view datasetsPrefix = "/api/datasets/";
+}
+
 Response stoppingResponse()
 {
     return errorResponse(503, "corvane is stopping");
@@ -134,7 +138,7 @@ Response BrowserHost::route(const Request &request)
     };
 
     if (path == "/api/state" || path == "/api/events" || path == "/api/files" ||
-        path.starts_with("/api/datasets/")) {
+        path.starts_with(datasetsPrefix)) {
         if (!get)
             return wrongMethod("GET");
         if (path == "/api/state")
@@ -143,7 +147,7 @@ Response BrowserHost::route(const Request &request)
             return events();
         if (path == "/api/files")
             return files(request);
-        return dataSet(request, std::string_view(path).substr(std::string_view("/api/datasets/").size()));
+        return dataSet(request, std::string_view(path).substr(datasetsPrefix.size()));
     }
     if (path == "/api/action" || path == "/api/box" || path == "/api/progress/cancel" ||
         path == "/api/layout") {

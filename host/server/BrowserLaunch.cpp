@@ -75,7 +75,7 @@ void openInBrowser(const std::string &url, std::FILE *err)
     }
     int status = 0;
     if (waitpid(shell, &status, 0) == shell && WIFEXITED(status) && WEXITSTATUS(status) == notFound)
-        fmt::print(err, "corvane: xdg-open is not installed: open the address above in a browser\n");
+        fmt::print(err, "corvane: xdg-open is not installed: open the address in a browser\n");
 }
 
 } // namespace corvane::server

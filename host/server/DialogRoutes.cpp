@@ -100,9 +100,10 @@ Response BrowserHost::answerBox(const Request &request)
     case ReplyResult::wrongKind:
         break;
     }
-    return errorResponse(400, std::holds_alternative<bool>(reply)
-                                  ? fmt::format("box {} is a file chooser: answer it with \"path\"", id)
-                                  : fmt::format("box {} takes \"answer\", not a path", id));
+    if (std::holds_alternative<bool>(reply))
+        return errorResponse(
+            400, fmt::format("box {} is a file chooser: answer it with \"path\"", id));
+    return errorResponse(400, fmt::format("box {} takes \"answer\", not a path", id));
 }
 
 Response BrowserHost::cancelProgress()

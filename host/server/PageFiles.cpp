@@ -103,8 +103,8 @@ Response PageFiles::file(const fs::path &relative) const
     if (ec || !fs::is_regular_file(target, ec))
         return notFound();
     /* Inside the folder once symbolic links are resolved. */
-    auto [rootEnd, targetAt] = std::mismatch(root.begin(), root.end(), target.begin(), target.end());
-    if (rootEnd != root.end())
+    auto inside = std::mismatch(root.begin(), root.end(), target.begin(), target.end());
+    if (inside.first != root.end())
         return notFound();
     std::ifstream in(target, std::ios::binary);
     std::string body{std::istreambuf_iterator<char>(in), {}};

@@ -176,8 +176,8 @@ PlotSeries reducedGrid(const host::Zone &zone, std::size_t width, std::size_t he
                     for (std::size_t i = i0; i < i1; ++i)
                         if (double value = zone.fields[v].get(j * imax + i); std::isfinite(value))
                             sum += value, ++count;
-                plot.series[v].push_back(count ? static_cast<float>(sum / static_cast<double>(count))
-                                               : nan);
+                double mean = count ? sum / static_cast<double>(count) : std::nan("");
+                plot.series[v].push_back(static_cast<float>(mean));
             }
         }
     }

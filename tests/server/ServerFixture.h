@@ -5,6 +5,7 @@
 #define ORDALIS_TESTS_SERVERFIXTURE_H
 
 #include <functional>
+#include <future>
 #include <memory>
 #include <string>
 #include <utility>
@@ -103,6 +104,13 @@ protected:
         return {response.status, json::parse(response.body)};
     }
     json state() { return json::parse(get("/api/state").body); }
+    /* Presses the button on another thread (its callback may wait for the
+       page); the future holds the action's answer. */
+    std::future<std::pair<int, json>> pressLater(int button)
+    {
+        return std::async(std::launch::async,
+                          [this, button] { return act({{"type", "press"}, {"control", button}}); });
+    }
 
     /* The top dialog's control with that caption, else with that label. */
     int control(const std::string &name)

@@ -23,7 +23,7 @@ Plot readPlot(const std::string &body)
     auto word = [&](std::size_t at) {
         std::uint32_t value = 0;
         for (int byte = 3; byte >= 0; --byte)
-            value = value << 8 | static_cast<unsigned char>(body.at(at + static_cast<std::size_t>(byte)));
+            value = value << 8 | static_cast<unsigned char>(body.at(at + std::size_t(byte)));
         return value;
     };
     Plot plot{word(0), word(4), {}};
@@ -62,7 +62,8 @@ TEST_F(ServerTest, PlotDataIsDecimatedSampledOrReduced)
                              {0, 4, 5, 9}, {5, 1, 9, 2}, {0, 0, 0, -1}}));
     /* Width 3: columns x < 3, 3 <= x < 6, x >= 6. */
     EXPECT_EQ(readPlot(get("/api/datasets/0/plot?width=3").body).series,
-              (std::vector<std::vector<float>>{{0, 2, 3, 5, 6, 9}, {5, 1, 1, 9, 2, 6}, {0, 0, 0, 0, 0, -1}}));
+              (std::vector<std::vector<float>>{
+                  {0, 2, 3, 5, 6, 9}, {5, 1, 1, 9, 2, 6}, {0, 0, 0, 0, 0, -1}}));
     /* Width 5 or more: at most two points a column fits the ten points as they are. */
     Plot whole = readPlot(get("/api/datasets/0/plot?width=5").body);
     EXPECT_EQ(whole.series[1], (std::vector<float>{5, 1, 4, 1, 5, 9, 2, 6, 5, 3}));
@@ -105,7 +106,8 @@ TEST_F(ServerTest, TableRowsAreTheFirstPoints)
     loadValues("title=T;x=1,2,3,4;y=0.5,nan,inf,-2");
     EXPECT_EQ(get("/api/datasets/0/table").body,
               R"({"variables":["x","y"],"rows":[[1.0,0.5],[2.0,null],[3.0,null],[4.0,-2.0]]})");
-    EXPECT_EQ(get("/api/datasets/0/table?rows=2&zone=1").body, R"({"variables":["x","y"],"rows":[[1.0,0.5],[2.0,null]]})");
+    EXPECT_EQ(get("/api/datasets/0/table?rows=2&zone=1").body,
+              R"({"variables":["x","y"],"rows":[[1.0,0.5],[2.0,null]]})");
 }
 
 TEST_F(ServerTest, ExportsAndTheLayoutAreThoseOfTheCommandLine)
@@ -127,7 +129,8 @@ TEST_F(ServerTest, ExportsAndTheLayoutAreThoseOfTheCommandLine)
     Response csv = get("/api/datasets/0/export.csv");
     Response exported = get("/api/datasets/0/export.json");
     EXPECT_EQ(csv.header("Content-Type"), "text/csv; charset=utf-8");
-    EXPECT_EQ(csv.header("Content-Disposition"), "attachment; filename=\"Surface_height_on_a_3_x_2_grid.csv\"");
+    EXPECT_EQ(csv.header("Content-Disposition"),
+              "attachment; filename=\"Surface_height_on_a_3_x_2_grid.csv\"");
     EXPECT_EQ(exported.header("Content-Disposition"),
               "attachment; filename=\"Surface_height_on_a_3_x_2_grid.json\"");
     fs::path layout = scratch / "run.layout";

@@ -84,7 +84,7 @@ TEST_F(ServerTest, AQuestionWaitsForItsAnswerWhileTheActionWaits)
     auto stream = host().handle(pageRequest("GET", "/api/events")).events;
     ASSERT_TRUE(stream);
     int ask = control("Ask");
-    auto pressed = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", ask}}); });
+    auto pressed = pressLater(ask);
     json asking = awaitState(*stream, hasBox);
     ASSERT_FALSE(asking.is_null());
     int id = asking["box"]["id"].get<int>();
@@ -98,9 +98,12 @@ TEST_F(ServerTest, AQuestionWaitsForItsAnswerWhileTheActionWaits)
     EXPECT_EQ(act({{"type", "press"}, {"control", ask}}),
               std::make_pair(409, json({{"error", "a box is waiting for an answer"}})));
     const std::pair<json, std::pair<int, std::string>> wrongAnswers[] = {
-        {{{"id", id + 1}, {"answer", true}}, {409, "no box " + std::to_string(id + 1) + " is waiting for an answer"}},
-        {{{"id", id}, {"path", "/tmp/x"}}, {400, "box " + std::to_string(id) + " takes \"answer\", not a path"}},
-        {{{"id", id}}, {400, "the answer needs \"answer\": true or false, or \"path\": a path or null"}},
+        {{{"id", id + 1}, {"answer", true}},
+         {409, "no box " + std::to_string(id + 1) + " is waiting for an answer"}},
+        {{{"id", id}, {"path", "/tmp/x"}},
+         {400, "box " + std::to_string(id) + " takes \"answer\", not a path"}},
+        {{{"id", id}},
+         {400, "the answer needs \"answer\": true or false, or \"path\": a path or null"}},
         {{{"answer", true}}, {400, "the answer needs \"id\": the box's id"}},
     };
     for (const auto &[answer, expected] : wrongAnswers) {
@@ -129,7 +132,7 @@ TEST_F(ServerTest, ProgressIsCancelledFromThePage)
     EXPECT_EQ(post("/api/progress/cancel", json::object()).body,
               R"({"error":"no progress box with a Cancel button is up"})");
     int count = control("Count");
-    auto pressed = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", count}}); });
+    auto pressed = pressLater(count);
     json counting = awaitState(*stream, [](const json &s) { return !s["progress"].is_null(); });
     EXPECT_EQ(counting["progress"]["label"], "Counting...");
     EXPECT_EQ(counting["progress"]["cancel"], true);
@@ -153,7 +156,7 @@ TEST_F(ServerTest, FileChooserPleaseWaitErrorAndHelp)
     auto stream = host().handle(pageRequest("GET", "/api/events")).events;
 
     int save = control("Save...");
-    auto saving = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", save}}); });
+    auto saving = pressLater(save);
     json choosing = awaitState(*stream, hasBox);
     int id = choosing["box"]["id"].get<int>();
     EXPECT_EQ(choosing["box"], json({{"id", id},
@@ -175,19 +178,20 @@ TEST_F(ServerTest, FileChooserPleaseWaitErrorAndHelp)
     }
     EXPECT_EQ(post("/api/box", {{"id", id}, {"path", "values.txt"}}).status, 400);
     EXPECT_EQ(post("/api/box", {{"id", id}, {"answer", true}}).body,
-              R"({"error":"box )" + std::to_string(id) + R"( is a file chooser: answer it with \"path\""})");
+              R"({"error":"box )" + std::to_string(id) +
+                  R"( is a file chooser: answer it with \"path\""})");
     EXPECT_EQ(post("/api/box", {{"id", id}, {"path", proposed}}).status, 200);
     EXPECT_EQ(saving.get().first, 200);
     EXPECT_EQ(textOf("Answer:"), proposed);
 
-    auto cancelling = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", save}}); });
+    auto cancelling = pressLater(save);
     id = awaitState(*stream, hasBox)["box"]["id"].get<int>();
     EXPECT_EQ(post("/api/box", {{"id", id}, {"path", nullptr}}).status, 200);
     EXPECT_EQ(cancelling.get().first, 200);
     EXPECT_EQ(textOf("Answer:"), "no file");
 
     int wait = control("Wait");
-    auto waiting = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", wait}}); });
+    auto waiting = pressLater(wait);
     json busy = awaitState(*stream, hasBox);
     EXPECT_EQ(busy["busy"], "Thinking");
     EXPECT_EQ(busy["box"]["kind"], "information");
@@ -197,7 +201,7 @@ TEST_F(ServerTest, FileChooserPleaseWaitErrorAndHelp)
     EXPECT_EQ(state()["busy"], nullptr);
 
     int fail = control("Fail");
-    auto failing = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", fail}}); });
+    auto failing = pressLater(fail);
     json error = awaitState(*stream, hasBox);
     EXPECT_EQ(error["box"]["kind"], "error");
     EXPECT_EQ(error["box"]["text"], "Something failed");
@@ -215,12 +219,14 @@ TEST_F(ServerTest, FileChooserPleaseWaitErrorAndHelp)
         EXPECT_EQ(help.name, "help");
         EXPECT_EQ(help.data, json({{"page", "/help/server_test.html#top"}}));
     }
-    EXPECT_EQ(transcript_, (std::vector<std::string>{
-                               R"({"event":"file","title":"Save values","answer":")" + proposed + R"("})",
-                               R"({"event":"file","title":"Save values","answer":""})",
-                               R"({"event":"message","type":"information","text":"Still thinking","answer":"ok"})",
-                               R"({"event":"error","text":"Something failed"})",
-                               R"({"event":"help","page":"server_test.html#top"})"}));
+    EXPECT_EQ(transcript_,
+              (std::vector<std::string>{
+                  R"({"event":"file","title":"Save values","answer":")" + proposed + R"("})",
+                  R"({"event":"file","title":"Save values","answer":""})",
+                  R"({"event":"message","type":"information","text":"Still thinking",)"
+                  R"("answer":"ok"})",
+                  R"({"event":"error","text":"Something failed"})",
+                  R"({"event":"help","page":"server_test.html#top"})"}));
 }
 
 TEST_F(ServerTest, StoppingCancelsTheProgressAndEndsTheStreams)
@@ -229,7 +235,7 @@ TEST_F(ServerTest, StoppingCancelsTheProgressAndEndsTheStreams)
     openDialog();
     auto stream = host().handle(pageRequest("GET", "/api/events")).events;
     int count = control("Count");
-    auto pressed = std::async(std::launch::async, [&] { return act({{"type", "press"}, {"control", count}}); });
+    auto pressed = pressLater(count);
     ASSERT_FALSE(awaitState(*stream, [](const json &s) { return !s["progress"].is_null(); }).is_null());
     host().stopServing();
     EXPECT_EQ(pressed.get().first, 200) << "the progress box was not cancelled";

@@ -99,8 +99,8 @@ TEST(ServerProcess, ServesOverHttpAndStopsOnCtrlC)
 
     std::string line = corvane.line();
     std::smatch url;
-    ASSERT_TRUE(std::regex_match(line, url,
-                                 std::regex("Open http://127\\.0\\.0\\.1:([0-9]+)/\\?token=([0-9a-f]{32})")))
+    const std::regex printed("Open http://127\\.0\\.0\\.1:([0-9]+)/\\?token=([0-9a-f]{32})");
+    ASSERT_TRUE(std::regex_match(line, url, printed))
         << line;
     int port = std::stoi(url[1]);
     std::string token = url[2];
@@ -156,7 +156,7 @@ TEST(ServerProcess, StoppingAnswersTheBoxThatWaits)
                            scratch.path(), scratch / "err.txt");
     std::string line = corvane.line();
     std::smatch url;
-    ASSERT_TRUE(std::regex_match(line, url, std::regex("Open http://127\\.0\\.0\\.1:([0-9]+)/\\?token=(.*)")));
+    ASSERT_TRUE(std::regex_match(line, url, std::regex("Open http://127.0.0.1:([0-9]+)/\\?token=(.*)")));
     int port = std::stoi(url[1]);
     httplib::Headers page = {{"Cookie", "corvane_token=" + url[2].str()}};
     httplib::Client client("127.0.0.1", port);
