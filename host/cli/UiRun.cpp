@@ -14,12 +14,12 @@
 #include "DataModel.h"
 #include "Gui.h"
 #include "GuiState.h"
+#include "HostShutdown.h"
 #include "Lock.h"
 #include "RunOutputs.h"
 #include "Script.h"
 #include "ScriptRunUi.h"
 #include "ScriptRunner.h"
-#include "ScriptedUi.h"
 #include "TranscriptFile.h"
 
 namespace corvane::cli {
@@ -61,21 +61,6 @@ int runSteps(ScriptRunner &runner, ScriptRunUi &ui, const std::vector<script::Li
     return exitSuccess;
 }
 
-/* The end of every run once the add-on is loaded: the dialogs still up
-   close with the host, as a user closing it would close them (their Cancel
-   gives back what they hold; any question it asks is answered No, quietly,
-   for the run is over), which lets the add-on agree to quit. */
-void endRun()
-{
-    {
-        host::ScopedUserInterface quiet(std::make_shared<host::ScriptedUi>());
-        host::gui::closeAllDialogs();
-    }
-    host::quit();
-    host::resetAddOns();
-    host::gui::resetGui();
-}
-
 } // namespace
 
 int runUi(const Command &cmd, const Io &io)
@@ -96,13 +81,13 @@ int runUi(const Command &cmd, const Io &io)
     std::string addOnPath = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
     if (auto loaded = host::loadAddOn(addOnPath); !loaded) {
         fmt::print(io.err, "corvane: {}\n", loaded.error());
-        endRun();
+        host::shutDown();
         return exitFailure;
     }
     const host::Loader *loader = menuLoader();
     if (loader == nullptr) {
         fmt::print(io.err, "corvane: {} registered no loader with a dialog to open\n", addOnPath);
-        endRun();
+        host::shutDown();
         return exitFailure;
     }
     std::string loaderName = loader->name; /* the list may change while the loader runs */
@@ -112,7 +97,7 @@ int runUi(const Command &cmd, const Io &io)
     int status = runSteps(runner, *ui, *lines, cmd.scriptFile, loaderName, io.err);
     status = concludeRun(cmd, status, before, !host::gui::snapshot().dialogs.empty(), io.out,
                          io.err);
-    endRun();
+    host::shutDown();
     return status;
 }
 

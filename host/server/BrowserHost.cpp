@@ -10,6 +10,7 @@
 #include "AddOns.h"
 #include "DataModel.h"
 #include "Gui.h"
+#include "HostShutdown.h"
 #include "Token.h"
 
 namespace corvane::server {
@@ -77,12 +78,7 @@ void BrowserHost::finish()
     stopServing();
     thread_.stop([this] {
         publisher_.stopListening();
-        /* As the host ends: the dialogs close without calling the add-on,
-           which is then asked to quit. */
-        host::gui::dropAllDialogs();
-        host::quit();
-        host::resetAddOns();
-        host::gui::resetGui();
+        host::shutDown();
         host::clearDataSets();
         host::setUserInterface(std::move(previousUi_));
     });

@@ -8,8 +8,8 @@
  * Life: construct (the thread starts), start() (the add-on loads), any
  * number of handle() calls, stopServing() (waiting boxes are answered as
  * cancelled or No, event streams end, new requests are refused), then
- * finish() (the dialogs still up are taken down without calling anything,
- * the add-on quits, the thread ends). The destructor does what was not
+ * finish() (the dialogs still up close with their Cancel, quietly, the
+ * add-on quits, the thread ends). The destructor does what was not
  * done.
  */
 #ifndef CORVANE_SERVER_BROWSERHOST_H
