@@ -47,6 +47,11 @@ Json controlJson(const ControlState &control, bool withId = false)
     case ControlKind::button:
         break;
     }
+    /* What a page needs to draw the control, beyond what a dump shows. */
+    if (withId && control.kind == ControlKind::text)
+        json["readOnly"] = control.readOnly;
+    if (withId && control.kind == ControlKind::list)
+        json["multi"] = control.multi;
     return json;
 }
 
@@ -60,10 +65,10 @@ Json stateJson(const GuiState &state, bool withIds)
         Json json = Json::object();
         if (withIds)
             json["id"] = dialog.id;
-        json.update(Json{{"title", dialog.title},
-                         {"width", dialog.width},
-                         {"height", dialog.height},
-                         {"controls", std::move(controls)}});
+        json.update(Json{{"title", dialog.title}, {"width", dialog.width}, {"height", dialog.height}});
+        if (withIds)
+            json["buttons"] = dialog.buttons;
+        json["controls"] = std::move(controls);
         dialogs.push_back(std::move(json));
     }
     return {{"dialogs", std::move(dialogs)}};

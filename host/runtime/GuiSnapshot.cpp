@@ -41,10 +41,12 @@ ControlState stateOf(const Control &control)
     case ControlKind::list:
         state.items = control.items;
         state.selected = control.selection;
+        state.multi = control.multiSelection;
         break;
     case ControlKind::textField:
     case ControlKind::text:
         state.text = control.text;
+        state.readOnly = control.readOnly;
         break;
     case ControlKind::label:
         state.text = control.label;
@@ -71,6 +73,10 @@ GuiState snapshot()
         const Dialog &dialog = *findDialog(id);
         DialogState &shown = state.dialogs.emplace_back(DialogState{
             .id = id, .title = dialog.title, .width = dialog.width, .height = dialog.height});
+        shown.buttons = {"ok"};
+        if (dialog.apply != nullptr)
+            shown.buttons.push_back("apply");
+        shown.buttons.insert(shown.buttons.end(), {"cancel", "help"});
         for (LgIndex_t control : dialog.controls)
             shown.controls.push_back(stateOf(*findControl(control)));
     }

@@ -46,6 +46,8 @@ struct ControlState {
        list: the selected positions, in selection order. */
     std::vector<LgIndex_t> selected{};
     std::optional<std::string> text{}; /* text field, multi-line text, label */
+    bool readOnly = false; /* multi-line text the user cannot edit */
+    bool multi = false;    /* list that selects several items */
     bool operator==(const ControlState &) const = default;
 };
 
@@ -53,6 +55,9 @@ struct DialogState {
     LgIndex_t id = CVNGUI_BAD_ID;
     std::string title{};
     LgIndex_t width = 0, height = 0;
+    /* The dialog's own buttons in the order shown: "ok", "apply" (when the
+       add-on gave one), "cancel", "help". */
+    std::vector<std::string> buttons{};
     std::vector<ControlState> controls{}; /* in the order they were added */
     bool operator==(const DialogState &) const = default;
 };

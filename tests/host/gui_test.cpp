@@ -201,6 +201,11 @@ TEST_F(GuiTest, StateOfTheDialogsUpAsAValueAndAsJson)
 }
 )");
     EXPECT_EQ(snapshot().dialogs.at(0).controls.at(1).id, shown);
+    /* With ids, for a page: the dialog's own buttons and how the list selects. */
+    nlohmann::ordered_json withIds = toJsonWithIds(snapshot());
+    EXPECT_EQ(withIds["dialogs"][0]["buttons"], nlohmann::ordered_json({"ok", "cancel", "help"}));
+    EXPECT_EQ(withIds["dialogs"][0]["controls"][4]["id"], vars);
+    EXPECT_EQ(withIds["dialogs"][0]["controls"][4]["multi"], true);
 
     // Launching is not waiting: the press returns with the nested dialog up and on top.
     ASSERT_TRUE(pressButton(controlByLabel(main, ControlKind::button, "More...")));

@@ -30,6 +30,7 @@ TEST_F(ServerTest, ActionsRunTheCallbacksAndTheVersionGrows)
     EXPECT_GT(opened["version"], first["version"]);
     ASSERT_EQ(opened["dialogs"].size(), 1u);
     EXPECT_EQ(opened["dialogs"][0]["title"], "Server Test");
+    EXPECT_EQ(opened["dialogs"][0]["buttons"], json({"ok", "cancel", "help"}));
     EXPECT_EQ(textOf("Values:"), "title=Given;x=1") << "the data file given is preselected";
     const json &values = opened["dialogs"][0]["controls"][1];
     EXPECT_EQ(values.dump(), R"({"id":3,"kind":"field","label":null,"caption":"Values:",)"
