@@ -1,0 +1,114 @@
+// The page of corvane ui: the host's main window with its menu and data
+// view, the dialogs that are up, and the boxes the add-on waits on, all
+// drawn from the state the server streams; the user's actions go back as
+// requests.
+import { act, watchActions } from './actions.js';
+import { answerOnce, messageBox, ProgressBox } from './boxes.js';
+import { DataView } from './dataview.js';
+import { DialogStack } from './dialogs.js';
+import { h } from './dom.js';
+import { fileChooser } from './filechooser.js';
+import { installKeyboard } from './keyboard.js';
+import { MenuBar } from './menu.js';
+import { connect } from './stream.js';
+
+const $ = (id) => document.getElementById(id);
+const NOTICE_MS = 8000;
+
+const page = {
+  header: $('main-window'),
+  dataRoot: $('data-view'),
+  dialogLayer: $('dialog-layer'),
+  boxLayer: $('box-layer'),
+  connection: $('connection'),
+  notice: $('notice'),
+  busy: $('busy'),
+};
+
+let noticeTimer = null;
+function notify(...content) {
+  page.notice.replaceChildren(...content);
+  page.notice.hidden = false;
+  clearTimeout(noticeTimer);
+  noticeTimer = setTimeout(() => {
+    page.notice.hidden = true;
+  }, NOTICE_MS);
+}
+
+watchActions({
+  refused: (error) => notify(`Not done: ${error.message}`),
+  pendingChanged: (count) => document.body.classList.toggle('waiting', count > 0),
+});
+
+const menu = new MenuBar($('menubar'), act);
+const dialogs = new DialogStack(page.dialogLayer, act);
+const dataView = new DataView(page.dataRoot);
+const progress = new ProgressBox((error) => notify(error.message));
+installKeyboard(dialogs, page.boxLayer);
+
+// The box shown, by id: a new id replaces it, an answered one goes at once.
+let shownBox = { id: null, el: null };
+const answered = new Set();
+
+function renderBoxes(state) {
+  const box = state.box && !answered.has(state.box.id) ? state.box : null;
+  if ((box?.id ?? null) !== shownBox.id) {
+    shownBox.el?.remove();
+    shownBox = { id: box?.id ?? null, el: null };
+    if (box) {
+      const send = answerOnce(box, (error) => notify(`The answer was not taken: ${error.message}`));
+      const answer = (value) => {
+        answered.add(box.id);
+        send(typeof value === 'object' ? value : { answer: value });
+        shownBox.el?.remove();
+        shownBox = { id: null, el: null };
+        refreshLayers();
+      };
+      shownBox.el = box.kind === 'file' ? fileChooser(box, answer) : messageBox(box, answer);
+      page.boxLayer.append(shownBox.el);
+      shownBox.el.focusFirst?.();
+    }
+  }
+  if (state.progress) {
+    progress.update(state.progress);
+    if (!progress.el.isConnected) page.boxLayer.prepend(progress.el);
+  } else {
+    progress.el.remove();
+  }
+  page.busy.hidden = !state.busy;
+  page.busy.textContent = state.busy ?? '';
+}
+
+let lastState = null;
+
+// Whichever is on top takes input; everything under it is inert.
+function refreshLayers() {
+  const boxUp = page.boxLayer.childElementCount > 0;
+  const dialogsUp = (lastState?.dialogs.length ?? 0) > 0;
+  page.boxLayer.hidden = !boxUp;
+  page.header.inert = boxUp || dialogsUp;
+  page.dataRoot.inert = boxUp || dialogsUp;
+  if (lastState) dialogs.render(lastState.dialogs, boxUp);
+}
+
+function render(state) {
+  lastState = state;
+  document.body.dataset.version = String(state.version);
+  menu.render(state.loaders ?? [], state.dialogs.length === 0);
+  renderBoxes(state);
+  refreshLayers();
+  dataView.render(state.dataSets ?? []);
+}
+
+connect({
+  state: render,
+  help: ({ page: url }) => {
+    const tab = window.open(url, '_blank', 'noopener');
+    if (!tab) notify('Help: ', h('a', { href: url, target: '_blank', rel: 'noopener' }, url));
+  },
+  connection: (up) => {
+    page.connection.hidden = up;
+    page.connection.textContent = up ? '' : 'The connection to corvane was lost. Reconnecting...';
+    document.body.classList.toggle('offline', !up);
+  },
+});
