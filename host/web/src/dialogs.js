@@ -12,6 +12,8 @@ const BUTTON_LABELS = { ok: 'OK', apply: 'Apply', cancel: 'Cancel', help: 'Help'
 // The dialog's own buttons when the state does not list them.
 const DEFAULT_BUTTONS = ['ok', 'cancel', 'help'];
 
+const INPUT_KINDS = new Set(['field', 'text', 'option', 'list']);
+
 const px = (units) => `${units * UNIT_PX}px`;
 
 function place(el, control) {
@@ -109,6 +111,8 @@ export class DialogStack {
         win.body.append(el); // the order of creation is the Tab order
       }
       place(el, control);
+      // Inputs are named by their caption, as a user reads it beside them.
+      if (INPUT_KINDS.has(control.kind) && control.caption) el.setAttribute('aria-label', control.caption.trim());
       el.classList.toggle('insensitive', !control.sensitive);
       kind.update(el, control, ctx);
     }

@@ -35,9 +35,17 @@ function notify(...content) {
   }, NOTICE_MS);
 }
 
+// While the user's actions are on their way the dialogs keep what the user
+// did in them; states that arrive meanwhile are drawn once all are done, so
+// an older state does not flip a choice back for a moment.
+let actionsPending = 0;
 watchActions({
   refused: (error) => notify(`Not done: ${error.message}`),
-  pendingChanged: (count) => document.body.classList.toggle('waiting', count > 0),
+  pendingChanged: (count) => {
+    actionsPending = count;
+    document.body.classList.toggle('waiting', count > 0);
+    if (count === 0 && lastState) refreshLayers();
+  },
 });
 
 const menu = new MenuBar($('menubar'), act);
@@ -88,7 +96,7 @@ function refreshLayers() {
   page.boxLayer.hidden = !boxUp;
   page.header.inert = boxUp || dialogsUp;
   page.dataRoot.inert = boxUp || dialogsUp;
-  if (lastState) dialogs.render(lastState.dialogs, boxUp);
+  if (lastState && (actionsPending === 0 || boxUp !== dialogs.blocked)) dialogs.render(lastState.dialogs, boxUp);
 }
 
 function render(state) {
