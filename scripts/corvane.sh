@@ -7,6 +7,9 @@ root="$(cd "$(dirname "$0")/.." && pwd)"
   cd "$root"
   scripts/setup.sh
   [ -f build/release/build.ninja ] || cmake --preset release >/dev/null
-  cmake --build --preset release --target corvane ordalis >/dev/null
+  # The page of corvane ui too, when the build has it (node and npm found).
+  targets=(corvane ordalis)
+  cmake --build --preset release --target help | grep -q '^web:' && targets+=(web)
+  cmake --build --preset release --target "${targets[@]}" >/dev/null
 )
 exec "$root/build/release/bin/corvane" "$@"

@@ -28,12 +28,13 @@ export function serverKind() {
 
 // Starts the server in cwd with a fresh library; resolves to
 // {url, origin, library, stop()} once it printed its URL.
-export async function startServer({ cwd = repoRoot } = {}) {
+// extraArgs go to the mock server only.
+export async function startServer({ cwd = repoRoot, extraArgs = [] } = {}) {
   const library = mkdtempSync(join(tmpdir(), 'corvane-web-lib-'));
   const kind = serverKind();
   const [command, args] = kind === 'real'
     ? [corvane, ['ui', '--no-open', '--port', '0']]
-    : [process.execPath, [join(here, 'mock-server.mjs'), '--corvane', corvane, '--web', join(binDir, 'web'), '--port', '0']];
+    : [process.execPath, [join(here, 'mock-server.mjs'), '--corvane', corvane, '--web', join(binDir, 'web'), '--port', '0', ...extraArgs]];
   const child = spawn(command, args, { cwd, env: { ...process.env, ORDALIS_DIR: library }, stdio: ['ignore', 'pipe', 'pipe'] });
   let errors = '';
   child.stderr.on('data', (chunk) => { errors += chunk; });

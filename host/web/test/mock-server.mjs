@@ -32,7 +32,15 @@ cpSync(library, librarySnapshot, { recursive: true });
 
 const LOADER = 'Ordalis Loader';
 const state = { version: 1, loaders: [LOADER], dialogs: [], box: null, progress: null, busy: null, dataSets: [] };
-let fullSets = []; // the data sets as corvane writes them, with values
+// The data sets as corvane writes them, with values; --preload FILE.json
+// starts with the data sets of FILE (one or an array), for measurements.
+let fullSets = [];
+const preload = arg('--preload', null);
+if (preload) {
+  const data = JSON.parse(readFileSync(preload, 'utf8'));
+  fullSets = Array.isArray(data) ? data : [data];
+}
+const preloaded = fullSets.length;
 let csvParts = [];
 let opened = false;
 let steps = []; // script lines after the loader's first opening
@@ -53,6 +61,12 @@ function sendHelp(page) {
   const text = `event: help\ndata: ${JSON.stringify({ page: `/help/${basename(page)}` })}\n\n`;
   for (const client of clients) client.write(text);
 }
+
+const summary = (set, index) => ({
+  index, title: set.title, variables: set.variables, plotType: set.plotType,
+  zones: set.zones.map((z) => ({ name: z.name, imax: z.imax, jmax: z.jmax, kmax: z.kmax, points: z.imax * z.jmax * z.kmax })),
+});
+state.dataSets = fullSets.map(summary);
 
 // Shows a box and waits for its answer.
 let nextBoxId = 1;
@@ -130,14 +144,11 @@ async function replay(labels) {
       state.dialogs = withIds(JSON.parse(readFileSync(run.files.dump, 'utf8')));
       if (existsSync(run.files.json)) {
         const data = JSON.parse(readFileSync(run.files.json, 'utf8'));
-        fullSets = Array.isArray(data) ? data : [data];
+        fullSets = [...fullSets.slice(0, preloaded), ...(Array.isArray(data) ? data : [data])];
         csvParts = readFileSync(run.files.csv, 'utf8').split('\n\n');
         copyFileSync(run.files.layout, join(work, 'last-layout.json'));
       }
-      state.dataSets = fullSets.map((set, index) => ({
-        index, title: set.title, variables: set.variables, plotType: set.plotType,
-        zones: set.zones.map((z) => ({ name: z.name, imax: z.imax, jmax: z.jmax, kmax: z.kmax, points: z.imax * z.jmax * z.kmax })),
-      }));
+      state.dataSets = fullSets.map(summary);
       publish();
       return null;
     }
@@ -274,7 +285,8 @@ function plotBuffer(set, zoneIndex, width) {
   } else if (kind === 2 && names[0] === 'I' && names[1] === 'J' && v.length === 3) {
     series = v;
   } else {
-    series = v.slice(0, kind === 1 ? 3 : 2);
+    const step = Math.ceil(v[0].length / 200000);
+    series = v.slice(0, kind === 1 ? 3 : 2).map((values) => values.filter((_, p) => p % step === 0));
   }
   const count = series[0].length;
   const buffer = Buffer.alloc(16 + series.length * count * 4);
@@ -344,7 +356,7 @@ const server = createServer(async (req, res) => {
         return send(res, 200, { variables: set.variables, rows: values[0].slice(0, rows).map((_, p) => values.map((v) => v[p])) });
       }
       if (data[2] === 'plot') return send(res, 200, plotBuffer(set, zone, Number(url.searchParams.get('width') ?? 1000)), 'application/octet-stream');
-      if (data[2] === 'export.csv') return send(res, 200, `${csvParts[Number(data[1])].replace(/\n?$/, '\n')}`, 'text/csv');
+      if (data[2] === 'export.csv') return send(res, 200, `${csvParts[Number(data[1]) - preloaded].replace(/\n?$/, '\n')}`, 'text/csv');
       return send(res, 200, JSON.stringify(set, null, 2), 'application/json; charset=utf-8');
     }
     return send(res, 404, { error: 'not found' });

@@ -21,18 +21,25 @@ export function parsePlot(buffer) {
   return { kind, series, count };
 }
 
-// The smallest and largest finite value of arrays, or [0, 1] when none.
-export function extent(...arrays) {
+// The smallest and largest value of arrays (NaN left out), or null when
+// there is none.
+export function span(...arrays) {
   let lo = Infinity;
   let hi = -Infinity;
   for (const values of arrays) {
     for (let i = 0; i < values.length; i += 1) {
-      const v = values[i];
-      if (v < lo) lo = v;
-      if (v > hi) hi = v;
+      if (values[i] < lo) lo = values[i];
+      if (values[i] > hi) hi = values[i];
     }
   }
-  if (!Number.isFinite(lo) || !Number.isFinite(hi)) return [0, 1];
-  if (lo === hi) return [lo - 0.5, hi + 0.5];
-  return [lo, hi];
+  return lo <= hi ? [lo, hi] : null;
+}
+
+// A range to plot arrays in: their span, widened by a half around a single
+// value, or [0, 1] when there is no finite value.
+export function extent(...arrays) {
+  const range = span(...arrays);
+  if (!range || !Number.isFinite(range[0]) || !Number.isFinite(range[1])) return [0, 1];
+  const [lo, hi] = range;
+  return lo === hi ? [lo - 0.5, hi + 0.5] : [lo, hi];
 }
