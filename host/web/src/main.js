@@ -56,6 +56,7 @@ installKeyboard(dialogs, page.boxLayer);
 
 // The box shown, by id: a new id replaces it, an answered one goes at once.
 let shownBox = { id: null, el: null };
+let focusNewBox = false; // a new box takes the focus once its layer shows
 const answered = new Set();
 
 function renderBoxes(state) {
@@ -74,7 +75,7 @@ function renderBoxes(state) {
       };
       shownBox.el = box.kind === 'file' ? fileChooser(box, answer) : messageBox(box, answer);
       page.boxLayer.append(shownBox.el);
-      shownBox.el.focusFirst?.();
+      focusNewBox = true;
     }
   }
   if (state.progress) {
@@ -105,6 +106,10 @@ function render(state) {
   menu.render(state.loaders ?? [], state.dialogs.length === 0);
   renderBoxes(state);
   refreshLayers();
+  if (focusNewBox) {
+    focusNewBox = false;
+    shownBox.el?.focusFirst?.();
+  }
   dataView.render(state.dataSets ?? []);
 }
 

@@ -7,7 +7,7 @@ import { spawnSync } from 'node:child_process';
 import { copyFileSync, existsSync, mkdtempSync, readFileSync, rmSync } from 'node:fs';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { after, before, test } from 'node:test';
+import { after, afterEach, before, test } from 'node:test';
 import { corvane, launchBrowser, repoRoot, shoot, startServer } from './harness.mjs';
 
 const examples = join(repoRoot, 'examples');
@@ -23,6 +23,23 @@ before(async () => {
 after(async () => {
   await browser?.close();
   await server?.stop();
+});
+
+// After each test, whatever it left up is answered No or cancelled, so that
+// the next test starts with no box and no dialog.
+afterEach(async () => {
+  const call = async (path, body) => {
+    const response = await fetch(`${server.origin}${path}?token=${new URL(server.url).searchParams.get('token')}`,
+      body ? { method: 'POST', headers: { 'Content-Type': 'application/json' }, body: JSON.stringify(body) } : {});
+    return response.json();
+  };
+  for (let round = 0; round < 20; round += 1) {
+    const state = await call('/api/state');
+    if (state.box) await call('/api/box', state.box.kind === 'file' ? { id: state.box.id, path: null } : { id: state.box.id, answer: false });
+    else if (state.progress) await call('/api/progress/cancel', {});
+    else if (state.dialogs.length > 0) await call('/api/action', { type: 'dialogButton', dialog: state.dialogs.at(-1).id, button: 'cancel' });
+    else return;
+  }
 });
 
 // Retries an assertion until it holds or the time is up.
@@ -175,6 +192,23 @@ test('a file loaded through the dialogs, shown, exported and kept in a layout', 
   await zones(other).uncheck();
   await eventually(async () => assert.equal(await zones(page).isChecked(), false));
   await other.close();
+
+  // Block format: the loader says what else it needs in a message box,
+  // which takes the focus and is closed with Enter.
+  await data.getByRole('radio', { name: 'Block Format (All of V1, All of V2)' }).click();
+  const message = page.locator('.box-warning');
+  await message.waitFor();
+  assert.deepEqual([await message.locator('.dialog-title').textContent(), await message.locator('.box-text').textContent()],
+    ['Warning', 'If the data format is BLOCK, then you must also specify the dimensions.']);
+  await eventually(async () => assert.equal(await page.evaluate(() => document.activeElement.textContent), 'OK'));
+  await page.keyboard.press('Enter');
+  await message.waitFor({ state: 'detached' });
+  await data.getByRole('radio', { name: 'Point Format (V1,V2,...Vn)' }).click();
+  await eventually(async () => assert.equal(await data.getByRole('radio', { name: 'Point Format (V1,V2,...Vn)' }).isChecked(), true));
+  // The loader switched to given dimensions; back to calculated ones.
+  assert.equal(await data.getByRole('radio', { name: 'Specify Dimensions' }).isChecked(), true);
+  await data.getByRole('radio', { name: 'Auto-Calculate IMax' }).click();
+  await eventually(async () => assert.equal(await data.getByRole('textbox', { name: 'IMax:' }).isDisabled(), true));
 
   await data.getByRole('radio', { name: 'First All Numeric Line' }).check();
   await data.getByRole('radio', { name: 'End of File' }).check();
