@@ -15,13 +15,17 @@ export function watchActions({ refused, pendingChanged }) {
   if (pendingChanged) onPendingChange = pendingChanged;
 }
 
-// Queues an action; the promise settles once the server has run it
-// (true) or refused it (false).
-export function act(action) {
+// Queues an action, or a function that makes it when its turn comes (from
+// the state then, e.g. the top dialog for a key press) and may return null
+// to send nothing. The promise settles once the server has run it (true)
+// or refused it or nothing was sent (false).
+export function act(actionOrMaker) {
   pending += 1;
   onPendingChange(pending);
   const done = tail.then(async () => {
+    const action = typeof actionOrMaker === 'function' ? actionOrMaker() : actionOrMaker;
     try {
+      if (!action) return false;
       await sendAction(action);
       return true;
     } catch (error) {

@@ -31,6 +31,7 @@ async function getJson(url) {
   return response.json();
 }
 
+export const fetchState = () => getJson('/api/state');
 export const sendAction = (action) => postJson('/api/action', action);
 export const answerBox = (answer) => postJson('/api/box', answer);
 export const cancelProgress = () => postJson('/api/progress/cancel', {});

@@ -65,13 +65,14 @@ export class ProgressBox {
     });
   }
 
-  update(progress) {
+  // fresh: the box was not up before this state, so its Cancel starts anew.
+  update(progress, fresh) {
     const percent = Math.max(0, Math.min(100, Number(progress.percent) || 0));
     this.label.textContent = progress.label;
     this.bar.style.width = `${percent}%`;
     this.bar.parentElement.setAttribute('aria-valuenow', String(percent));
     this.percent.textContent = `${percent}%`;
-    if (this.cancel.hidden === Boolean(progress.cancel)) this.cancel.disabled = false;
+    if (fresh) this.cancel.disabled = false;
     this.cancel.hidden = !progress.cancel;
   }
 }

@@ -25,10 +25,12 @@ function place(el, control) {
 }
 
 export class DialogStack {
-  // layer: the element the windows go in; act(action): sends an action.
-  constructor(layer, act) {
+  // layer: the element the windows go in; act(action): sends an action;
+  // latest(): the dialogs of the newest state, drawn or not.
+  constructor(layer, act, latest) {
     this.layer = layer;
     this.act = act;
+    this.latest = latest;
     this.windows = new Map(); // dialog id -> {el, body, buttons, controls: Map}
     this.topId = null;
     this.blocked = false;
@@ -132,15 +134,26 @@ export class DialogStack {
     }, BUTTON_LABELS[name] ?? name)));
   }
 
-  // Whether the top dialog has that button of its own.
-  topHas(name) {
+  // Only whether a box blocks the top dialog, drawing nothing else: for a
+  // box that closes while the user's actions are still on their way.
+  setBlocked(blocked) {
+    if (blocked === this.blocked || !this.dialogs) return;
+    this.blocked = blocked;
     const top = this.top;
-    return Boolean(top) && (top.buttons ?? DEFAULT_BUTTONS).includes(name);
+    for (const [id, win] of this.windows) win.el.inert = blocked || id !== top?.id;
+    this.focusTop();
   }
 
+  // Presses a button of the dialog on top when the press is sent, which
+  // after earlier actions may be another one than the page shows now.
   pressTop(name) {
-    const top = this.top;
-    if (top && !this.blocked && this.topHas(name)) this.act({ type: 'dialogButton', dialog: top.id, button: name });
+    if (!this.top || this.blocked) return;
+    this.act(() => {
+      const dialogs = this.latest();
+      const top = dialogs[dialogs.length - 1];
+      return top && (top.buttons ?? DEFAULT_BUTTONS).includes(name)
+        ? { type: 'dialogButton', dialog: top.id, button: name } : null;
+    });
   }
 
   // A new top dialog gets the focus on its first control; one that is top

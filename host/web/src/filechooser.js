@@ -34,12 +34,15 @@ export function fileChooser(box, answer) {
   const accept = h('button', { type: 'button', class: 'ok' }, writing ? 'Save' : 'Open');
   const cancel = h('button', { type: 'button', class: 'cancel' }, 'Cancel');
 
+  let latest = 0; // only the folder asked for last is shown
   const show = async (target) => {
     problem.textContent = '';
+    const request = ++latest;
     try {
       const listing = await listFolder(target, filter.value);
+      if (request !== latest) return;
       dir = listing.dir;
-      location.value = dir;
+      if (!location.dataset.dirty) location.value = dir; // not over a path being typed
       up.disabled = listing.parent === null;
       up.onclick = () => show(listing.parent);
       clear(entries);
@@ -59,7 +62,7 @@ export function fileChooser(box, answer) {
         entries.append(row);
       }
     } catch (error) {
-      problem.textContent = error.message;
+      if (request === latest) problem.textContent = error.message;
     }
   };
 
@@ -73,12 +76,31 @@ export function fileChooser(box, answer) {
     answer({ path: chosenPath(dir ?? '/', name.value) });
   };
 
+  // Arrow keys move through the entries; Enter opens a folder or picks a file.
+  entries.addEventListener('keydown', (event) => {
+    const rows = [...entries.children];
+    const at = rows.findIndex((row) => row.classList.contains('selected'));
+    if (event.key === 'ArrowDown' || event.key === 'ArrowUp') {
+      event.preventDefault();
+      const next = rows[Math.max(0, Math.min(rows.length - 1, at + (event.key === 'ArrowDown' ? 1 : -1)))];
+      next?.click();
+      next?.scrollIntoView({ block: 'nearest' });
+    } else if (event.key === 'Enter' && at >= 0) {
+      event.preventDefault();
+      event.stopPropagation(); // the chooser may be gone before the page sees the key
+      rows[at].dispatchEvent(new MouseEvent('dblclick'));
+    }
+  });
   accept.addEventListener('click', finish);
   cancel.addEventListener('click', () => answer({ path: null }));
   filter.addEventListener('change', () => show(dir));
+  location.addEventListener('input', () => {
+    location.dataset.dirty = '1';
+  });
   location.addEventListener('keydown', (event) => {
     if (event.key === 'Enter') {
       event.preventDefault();
+      delete location.dataset.dirty;
       show(location.value.trim());
     }
   });

@@ -32,6 +32,7 @@ export function installKeyboard(dialogs, boxLayer) {
       return;
     }
     if (box) return; // boxes handle Enter and Escape themselves
+    if (!top.contains(event.target) && event.target !== document.body) return;
 
     if (event.key === 'Escape') {
       event.preventDefault();

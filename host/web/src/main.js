@@ -3,6 +3,7 @@
 // drawn from the state the server streams; the user's actions go back as
 // requests.
 import { act, watchActions } from './actions.js';
+import { fetchState } from './api.js';
 import { answerOnce, messageBox, ProgressBox } from './boxes.js';
 import { DataView } from './dataview.js';
 import { DialogStack } from './dialogs.js';
@@ -36,20 +37,27 @@ function notify(...content) {
 }
 
 // While the user's actions are on their way the dialogs keep what the user
-// did in them; states that arrive meanwhile are drawn once all are done, so
-// an older state does not flip a choice back for a moment.
+// did in them, and states that arrive meanwhile are not drawn. Once all are
+// done the page asks for the state: the answer to an action and the event
+// stream travel apart, and an older state must not flip a choice back.
 let actionsPending = 0;
+
 watchActions({
   refused: (error) => notify(`Not done: ${error.message}`),
   pendingChanged: (count) => {
     actionsPending = count;
     document.body.classList.toggle('waiting', count > 0);
-    if (count === 0 && lastState) refreshLayers();
+    if (count > 0) return;
+    fetchState()
+      .then((state) => {
+        if (actionsPending === 0 && state.version >= (lastState?.version ?? 0)) render(state);
+      })
+      .catch(() => refreshLayers()); // the stream brings the state when it is back
   },
 });
 
 const menu = new MenuBar($('menubar'), act);
-const dialogs = new DialogStack(page.dialogLayer, act);
+const dialogs = new DialogStack(page.dialogLayer, act, () => lastState?.dialogs ?? []);
 const dataView = new DataView(page.dataRoot);
 const progress = new ProgressBox((error) => notify(error.message));
 installKeyboard(dialogs, page.boxLayer);
@@ -79,7 +87,7 @@ function renderBoxes(state) {
     }
   }
   if (state.progress) {
-    progress.update(state.progress);
+    progress.update(state.progress, !progress.el.isConnected);
     if (!progress.el.isConnected) page.boxLayer.prepend(progress.el);
   } else {
     progress.el.remove();
@@ -97,7 +105,9 @@ function refreshLayers() {
   page.boxLayer.hidden = !boxUp;
   page.header.inert = boxUp || dialogsUp;
   page.dataRoot.inert = boxUp || dialogsUp;
-  if (lastState && (actionsPending === 0 || boxUp !== dialogs.blocked)) dialogs.render(lastState.dialogs, boxUp);
+  if (!lastState) return;
+  if (actionsPending === 0) dialogs.render(lastState.dialogs, boxUp);
+  else dialogs.setBlocked(boxUp);
 }
 
 function render(state) {
@@ -116,8 +126,10 @@ function render(state) {
 connect({
   state: render,
   help: ({ page: url }) => {
-    const tab = window.open(url, '_blank', 'noopener');
-    if (!tab) notify('Help: ', h('a', { href: url, target: '_blank', rel: 'noopener' }, url));
+    // Opened without "noopener", which would hide whether the tab opened.
+    const tab = window.open(url, '_blank');
+    if (tab) tab.opener = null;
+    else notify('Help: ', h('a', { href: url, target: '_blank', rel: 'noopener' }, url));
   },
   connection: (up) => {
     page.connection.hidden = up;
