@@ -18,6 +18,7 @@ export class DataView {
     this.signature = '';
     this.picked = null; // index of the data set shown
     this.plot = null;
+    this.generation = 0; // of the zone shown last
   }
 
   render(dataSets) {
@@ -109,6 +110,9 @@ export class DataView {
   async showZone(set, zone, plotBox, tableBox) {
     this.plot?.destroy();
     this.plot = null;
+    // A newer zone or data set shown meanwhile makes this one's results moot.
+    const generation = ++this.generation;
+    const current = () => generation === this.generation;
     clear(plotBox);
     clear(tableBox);
     const width = Math.max(300, Math.floor(plotBox.clientWidth || 900));
@@ -116,8 +120,14 @@ export class DataView {
     plotBox.dataset.state = 'loading';
     try {
       const plot = parsePlot(await plotData(set.index, zone, width, PLOT_HEIGHT));
+      if (!current()) return;
       if (plot instanceof Error) throw plot;
-      this.plot = await drawPlot(plotBox, plot, set.variables, width, PLOT_HEIGHT);
+      const drawn = await drawPlot(plotBox, plot, set.variables, width, PLOT_HEIGHT);
+      if (!current()) {
+        drawn.destroy();
+        return;
+      }
+      this.plot = drawn;
       plotBox.dataset.points = String(plot.count);
       plotBox.dataset.drawMs = String(Math.round(performance.now() - started));
       plotBox.dataset.state = 'drawn';
@@ -127,6 +137,7 @@ export class DataView {
     }
     try {
       const table = await dataTable(set.index, zone, TABLE_ROWS);
+      if (!current()) return;
       tableBox.append(h('table', { class: 'rows' },
         h('thead', {}, h('tr', {}, table.variables.map((v) => h('th', {}, v)))),
         h('tbody', {}, table.rows.map((row) => h('tr', {}, row.map((v) => h('td', {}, v === null ? '' : String(v))))))));
