@@ -382,3 +382,27 @@ test('a dropped event stream is shown and the page reconnects', async () => {
   await eventually(async () => assert.equal(await button(page, 'File').isVisible(), true));
   await page.close();
 });
+
+test('the progress box shows its label and bar, and Cancel is sent once', async () => {
+  // A state with a progress box, as the server sends it during a long scan.
+  const page = await browser.context.newPage();
+  const state = { version: 9, loaders: ['Ordalis Loader'], dialogs: [], box: null, busy: 'Loading data...',
+    progress: { label: 'Scanning file...', percent: 40, cancel: true }, dataSets: [] };
+  await page.route('**/api/events', (route) => route.fulfill({
+    status: 200, contentType: 'text/event-stream', body: `event: state\ndata: ${JSON.stringify(state)}\n\n` }));
+  const cancels = [];
+  await page.route('**/api/progress/cancel', (route) => {
+    cancels.push(route.request().method());
+    return route.fulfill({ status: 200, contentType: 'application/json', body: '{"ok":true}' });
+  });
+  await page.goto(server.url);
+  const box = page.locator('.box-progress');
+  await box.waitFor();
+  assert.deepEqual([await box.locator('.box-text').textContent(), await box.locator('.progress-percent').textContent(),
+    await box.locator('.progress-fill').evaluate((el) => el.style.width), await page.locator('#busy').textContent()],
+  ['Scanning file...', '40%', '40%', 'Loading data...']);
+  await button(box, 'Cancel').click();
+  await eventually(async () => assert.deepEqual(cancels, ['POST']));
+  assert.equal(await button(box, 'Cancel').isDisabled(), true);
+  await page.close();
+});
