@@ -15,7 +15,7 @@ scripts/setup.sh clang libclang-rt-14-dev
 cmake --build --preset fuzz -j "$(nproc)"
 
 status=0
-for name in instructions numlist dataline load script; do
+for name in instructions numlist dataline load script request; do
   work="build/fuzz/corpus/$name"
   findings="build/fuzz/findings/$name"
   mkdir -p "$work" "$findings"

@@ -1,7 +1,8 @@
 // Bundles the page with esbuild: src/main.js into app.js (three.js in a
 // chunk of its own under assets/, loaded for a 3-D plot only), app.css with
 // uPlot's styles, and index.html and assets/ copied, into the folder given
-// by --out (default: dist).
+// by --out (default: dist). Only what it writes is replaced there: the
+// folder also holds the help pages, which the build copies in beside them.
 import { build } from 'esbuild';
 import { cpSync, mkdirSync, rmSync } from 'node:fs';
 import { dirname, join, resolve } from 'node:path';
@@ -11,7 +12,10 @@ const here = dirname(fileURLToPath(import.meta.url));
 const outFlag = process.argv.indexOf('--out');
 const out = resolve(outFlag > 0 ? process.argv[outFlag + 1] : join(here, 'dist'));
 
-rmSync(out, { recursive: true, force: true });
+// What this script writes, removed before each build (old chunks included).
+const ours = ['app.js', 'app.css', 'index.html', 'assets'];
+const clear = () => ours.forEach((name) => rmSync(join(out, name), { recursive: true, force: true }));
+clear();
 mkdirSync(out, { recursive: true });
 try {
   await build({
@@ -36,7 +40,7 @@ try {
   });
 } catch {
   // esbuild has printed the errors.
-  rmSync(out, { recursive: true, force: true });
+  clear();
   process.exit(1);
 }
 cpSync(join(here, 'index.html'), join(out, 'index.html'));
