@@ -14,7 +14,10 @@
 
 namespace corvane::cvnutildataio {
 
-#define TW_NUMLIST_TEXT_SIZE 200
+/* Room for any list: 32 ranges of two 11-character numbers, a "-" and a
+   ",". A shorter buffer would cut long lists, and a list cut in the filter
+   dialog's field would be stored back cut. */
+#define TW_NUMLIST_TEXT_SIZE (TW_MAX_NUM_RANGES * 24 + 1)
 
 /* Export_GetNumList's result; overwritten by each call. */
 static char NumListText[TW_NUMLIST_TEXT_SIZE];
@@ -106,8 +109,7 @@ bool TW_NumIsInRange(int32_t Number, const TW_NumList_s *List)
     return false;
 }
 
-/* "1-5,7,10-end": a range whose Max equals its Min is one number. The text
-   is cut at the buffer's 199 characters. */
+/* "1-5,7,10-end": a range whose Max equals its Min is one number. */
 const char *Export_GetNumList(const TW_NumList_s *List)
 {
     NumListText[0] = '\0';
