@@ -17,7 +17,8 @@
 namespace fuzzhost {
 
 /* The silent backend of every harness, answering No until told otherwise;
-   its transcript is cleared for each input. */
+   its transcript and the answers an earlier input left unused are cleared
+   for each input, so an input behaves the same whatever ran before it. */
 inline corvane::host::ScriptedUi &ui()
 {
     static auto backend = [] {
@@ -26,6 +27,7 @@ inline corvane::host::ScriptedUi &ui()
         return made;
     }();
     backend->clearTranscript();
+    backend->clearAnswers();
     return *backend;
 }
 

@@ -5,6 +5,8 @@
 # that once broke it. New inputs go to build/fuzz/corpus/NAME, an input that
 # breaks a harness to build/fuzz/findings/NAME/ (copy it to
 # fuzz/regressions/NAME/ so that the ordinary tests replay it).
+# ORDALIS_FUZZ_SEED fixes libFuzzer's random seed, so that a run on the same
+# machine takes the same path (the test command sets it).
 # Exit status 1 when a harness found something.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -21,6 +23,7 @@ for name in instructions numlist dataline load script request; do
   mkdir -p "$work" "$findings"
   options=(-max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -print_final_stats=1
            -artifact_prefix="$findings/")
+  [ -n "${ORDALIS_FUZZ_SEED:-}" ] && options+=(-seed="$ORDALIS_FUZZ_SEED")
   case "$name" in
     instructions|load) options+=(-dict=fuzz/dict/instructions.dict) ;;
     script) options+=(-dict=fuzz/dict/script.dict) ;;

@@ -17,5 +17,5 @@ for preset in release asan; do
     ctest --preset "$preset" -j "$jobs" || status=1
 done
 echo "== fuzz harnesses" >&2
-scripts/fuzz.sh "${ORDALIS_FUZZ_SECONDS:-30}" || status=1
+ORDALIS_FUZZ_SEED="${ORDALIS_FUZZ_SEED:-1}" scripts/fuzz.sh "${ORDALIS_FUZZ_SECONDS:-30}" || status=1
 exit $status

@@ -33,6 +33,8 @@ public:
     std::vector<std::string> errors() const;
     std::vector<std::string> messages() const;
     void clearTranscript() { events_.clear(); }
+    /* Drops the answers not used yet, so a new run starts from its own. */
+    void clearAnswers() { answers_.clear(); }
     /* Percents passed to progress checks, in order. */
     const std::vector<int> &progressChecks() const { return checks_; }
     /* A progress box is up. */
