@@ -78,8 +78,10 @@ bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
 
 /* Appends Value N times; N <= 0 changes nothing. A fill whose count would
    not fit in 32 bits, or whose values would not fit in the memory the
-   allocator allows, is refused before anything grows. On a failed growth
-   the values stored before it stay. */
+   allocator allows, is refused before anything grows. The buffer is
+   enlarged once, to where step-by-step growth would have taken it, so a
+   large fill costs one reallocation instead of one per step; when that
+   fails the array is left as it was. */
 bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value)
 {
     if (N <= 0)
@@ -89,9 +91,19 @@ bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value)
         CvnUtilDialogErrMsg(OutOfMemory);
         return false;
     }
-    for (int32_t I = 0; I < N; I++)
-        if (!TW_DoubleArrayAdd(Array, Value))
+    int64_t Steps = Final / TW_DOUBLEARRAY_STEP;
+    if (Steps != Array->Count / TW_DOUBLEARRAY_STEP) {
+        double *Values = static_cast<double *>(
+            TW_Realloc(Array->Values, BytesFor((Steps + 1) * TW_DOUBLEARRAY_STEP)));
+        if (Values == nullptr) {
+            CvnUtilDialogErrMsg(OutOfMemory);
             return false;
+        }
+        Array->Values = Values;
+    }
+    for (int64_t I = Array->Count; I < Final; I++)
+        Array->Values[I] = Value;
+    Array->Count = static_cast<int32_t>(Final);
     return true;
 }
 

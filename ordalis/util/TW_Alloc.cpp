@@ -42,11 +42,17 @@ static bool ShouldFail()
 
 bool TW_AllocationFits(size_t Bytes)
 {
-    static size_t Limit = 0; /* half the machine's memory in bytes, asked once */
+    /* Half the machine's memory in bytes, asked once; ORDALIS_ALLOCATION_LIMIT_MB
+       lowers it for runs that must stay within a memory budget (the fuzz
+       harnesses). */
+    static size_t Limit = 0;
     if (Limit == 0) {
         long Pages = sysconf(_SC_PHYS_PAGES);
         long PageSize = sysconf(_SC_PAGESIZE);
         Limit = Pages > 0 && PageSize > 0 ? (size_t)Pages / 2 * (size_t)PageSize : SIZE_MAX;
+        if (const char *Megabytes = getenv("ORDALIS_ALLOCATION_LIMIT_MB"))
+            if (atol(Megabytes) > 0 && (size_t)atol(Megabytes) < Limit >> 20)
+                Limit = (size_t)atol(Megabytes) << 20;
     }
     return Bytes <= Limit;
 }
