@@ -125,8 +125,7 @@ std::string afterDroppedText(const TracedLine &line, size_t cellIndex)
 
 void MajorityCount::add(int count)
 {
-    auto [entry, added] = counts_.try_emplace(count, Seen{0, counts_.size()});
-    ++entry->second.times;
+    ++counts_.try_emplace(count, Seen{0, counts_.size()}).first->second.times;
 }
 
 int MajorityCount::majority() const

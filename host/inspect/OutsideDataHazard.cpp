@@ -1,7 +1,7 @@
 /*
  * OutsideDataHazard.cpp - lines outside the data section that look like
- * data: numeric lines, and rows with as many tokens as most data rows and
- * numbers among them. A header line of numbers taken by a start line, an
+ * data: numeric lines, and rows with as many tokens as most data rows, at
+ * least half of them numbers and the others short (NaN, MM, ---). A header line of numbers taken by a start line, an
  * end line (which is not part of the data), rows before the first numeric
  * line (a NaN makes a line not numeric), lines after a full zone.
  */
@@ -27,8 +27,13 @@ public:
             return;
         DataCut cut = cutDataLine(line.line.text, set_);
         int numbers = 0;
-        for (const Cell &cell : cut.cells)
+        bool wordy = false; /* a token that is neither number nor short marker */
+        for (const Cell &cell : cut.cells) {
             numbers += cell.read() ? 1 : 0;
+            wordy = wordy || (!cell.read() && cell.text.size() > 4);
+        }
+        if (wordy)
+            numbers = 0;
         if ((line.numeric || numbers > 0) && kept_.size() < keptLinesLimit)
             kept_.push_back({line.number, line.role, line.numeric,
                              static_cast<int>(cut.cells.size()), numbers});

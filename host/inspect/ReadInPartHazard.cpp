@@ -37,13 +37,13 @@ public:
     }
 
 private:
-    /* What happened to a cell that is not read: the blank value in its
-       place, or dropped. */
-    std::string notRead(const TracedLine &line, size_t index) const
+    /* What happened to a cell that is not read, and why: the blank value
+       in its place, or dropped. */
+    std::string notRead(const TracedLine &line, size_t index, std::string_view why) const
     {
         if (line.cut.blankCellMode)
-            return "was read as " + fillText(set_);
-        return "was not read; " + afterDroppedText(line, index);
+            return fmt::format("was read as {} ({})", fillText(set_), why);
+        return fmt::format("was not read ({}); {}", why, afterDroppedText(line, index));
     }
 
     std::string describe(const TracedLine &line, size_t index) const
@@ -57,18 +57,16 @@ private:
         case PartialNumber::loneSign:
             return fmt::format("a lone \"{}\" was read as 0", cell.text);
         case PartialNumber::innerBlank:
-            return fmt::format("only {} was read of \"{}\"", numberText(cell.scan.value),
-                               cell.text);
+            return fmt::format("\"{}\" was read as {}: only the first number of a cell is read",
+                               cell.text, numberText(cell.scan.value));
         case PartialNumber::decimalComma:
-            return fmt::format("\"{}\" has a decimal comma and {}", inside(cell.text),
-                               notRead(line, index));
+            return fmt::format("\"{}\" {}", inside(cell.text),
+                               notRead(line, index, "a decimal comma"));
         case PartialNumber::quoted:
-            return fmt::format("the quoted number \"{}\" {}", inside(cell.text),
-                               notRead(line, index));
+            return fmt::format("{} {}", cell.text, notRead(line, index, "a number in quotes"));
         case PartialNumber::bracketed:
-            return fmt::format("\"{}\" is a number with a bracket or sign the loader does not "
-                               "take and {}",
-                               cell.text, notRead(line, index));
+            return fmt::format("\"{}\" {}", cell.text,
+                               notRead(line, index, "a number with a bracket or %"));
         default:
             return {};
         }
@@ -98,8 +96,8 @@ private:
                 double before = readLoaderNumber(run.substr(0, comma)).value_or(0);
                 double after = readLoaderNumber(run.substr(comma + 1)).value_or(0);
                 sink_.add({HazardKind::readInPart, line.number, line.line.columnOf(at),
-                           fmt::format("\"{}\" was read as two values, {} and {}: a decimal "
-                                       "comma is not read",
+                           fmt::format("\"{}\" was read as two values, {} and {} (a decimal "
+                                       "comma)",
                                        run, numberText(before), numberText(after))});
             }
             at = end;

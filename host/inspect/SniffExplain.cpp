@@ -81,12 +81,12 @@ int valuesOf(const SniffPlan &plan, const Block &block)
 std::string outsideText(const SniffPlan &plan, size_t index, bool after)
 {
     const SniffLine &line = plan.line(index);
-    if (line.cls == LineClass::comment)
+    if (line.cls == LineClass::comment && !plan.cutAtMarker)
         return fmt::format("comments (after \"{}\", cut)", plan.layout.commentMarker);
     if (line.cls == LineClass::data) {
         const Block *block = blockOf(plan.layout, index);
         if (block && block->rows.size() >= 3)
-            return fmt::format("another table, {} values each (not loaded)", valuesOf(plan, *block));
+            return fmt::format("another table of {} columns (not loaded)", valuesOf(plan, *block));
         if (isNumericLine(line.view))
             return after ? "numbers after the data (not loaded)" : "numbers in the header (not data)";
     }
@@ -132,48 +132,98 @@ std::string rangeText(int first, int last, const std::string &role)
     return fmt::format("lines {}-{}   {}", first, last, role);
 }
 
-/* What the columns hold that is not loaded, or loaded in part. */
+/* A sample of the file in double quotes, unless it has them. */
+std::string shown(std::string_view sample)
+{
+    if (sample.size() >= 2 && sample.front() == '"' && sample.back() == '"')
+        return std::string(sample);
+    return fmt::format("\"{}\"", sample);
+}
+
+/* A column that is not loaded, or loaded in part: why, in a note. */
+struct ColumnNote {
+    std::string kind; /* "note" or "unsure" */
+    std::string what; /* what its columns have, after "has"/"have" */
+    std::vector<size_t> columns;
+};
+
+ColumnNote noteOf(const Column &column)
+{
+    if (column.kind == Column::text) {
+        std::string_view sample = column.textSample;
+        std::string_view inside = sample;
+        if (inside.size() >= 2 && (inside.front() == '"' || inside.front() == '\''))
+            inside = inside.substr(1, inside.size() - 2);
+        if (isDecimalCommaNumber(sample))
+            return {"unsure",
+                    fmt::format("numbers with a decimal comma (\"{}\"), which the loader cannot "
+                                "read",
+                                sample),
+                    {}};
+        if (inside.size() < sample.size() &&
+            (readLoaderNumber(inside) || isDecimalCommaNumber(inside)))
+            return {"unsure",
+                    fmt::format("numbers in quotes ({}), which the loader cannot read", sample),
+                    {}};
+        return {"note", fmt::format("text ({})", shown(sample)), {}};
+    }
+    switch (fieldKind(column.wrongSample)) {
+    case FieldKind::dExponent:
+        return {"unsure",
+                fmt::format("D exponents (\"{}\"), which the loader reads without the exponent",
+                            column.wrongSample),
+                {}};
+    case FieldKind::loneSign:
+        return {"unsure",
+                fmt::format("a lone \"{}\", which the loader reads as 0", column.wrongSample), {}};
+    default:
+        return {"unsure",
+                fmt::format("cells of more than one number (\"{}\"), of which the loader reads "
+                            "the first",
+                            column.wrongSample),
+                {}};
+    }
+}
+
+std::string columnsText(const SniffPlan &plan, const std::vector<size_t> &columns)
+{
+    auto one = [&plan](size_t c) {
+        const std::string &name = plan.columns[c].name;
+        return name.empty() ? std::to_string(c + 1) : fmt::format("{} ({})", c + 1, name);
+    };
+    if (columns.size() == 1)
+        return "column " + one(columns.front()) + " has";
+    std::string text = "columns ";
+    for (size_t i = 0; i < columns.size(); ++i)
+        text += (i == 0 ? "" : i + 1 == columns.size() ? " and " : ", ") + one(columns[i]);
+    return text + " have";
+}
+
+/* What the columns hold that is not loaded: one note for the columns of
+   each kind. */
 std::vector<std::string> columnNotes(const SniffPlan &plan)
 {
-    std::vector<std::string> notes;
+    std::vector<ColumnNote> notes;
     for (size_t c = 0; c < plan.columns.size(); ++c) {
         const Column &column = plan.columns[c];
-        std::string which = column.name.empty()
-                                ? fmt::format("column {}", c + 1)
-                                : fmt::format("column {} ({})", c + 1, column.name);
-        if (column.kind == Column::text) {
-            std::string_view sample = column.textSample;
-            std::string_view inside = sample;
-            if (inside.size() >= 2 && (inside.front() == '"' || inside.front() == '\''))
-                inside = inside.substr(1, inside.size() - 2);
-            if (isDecimalCommaNumber(sample))
-                notes.push_back(fmt::format("unsure: {} has numbers with a decimal comma (\"{}\"), "
-                                            "which the loader cannot read: not loaded",
-                                            which, sample));
-            else if (inside.size() < sample.size() &&
-                     (readLoaderNumber(inside) || isDecimalCommaNumber(inside)))
-                notes.push_back(fmt::format("unsure: {} has numbers in quotes ({}), which the "
-                                            "loader cannot read: not loaded",
-                                            which, sample));
-            else
-                notes.push_back(fmt::format("note: {} holds text (\"{}\"): not loaded", which,
-                                            sample));
-        } else if (column.wrong) {
-            FieldKind kind = fieldKind(column.wrongSample);
-            std::string what =
-                kind == FieldKind::dExponent
-                    ? fmt::format("D exponents (\"{}\"), which the loader reads without the "
-                                  "exponent",
-                                  column.wrongSample)
-                : kind == FieldKind::loneSign
-                    ? fmt::format("a lone \"{}\", which the loader reads as 0", column.wrongSample)
-                    : fmt::format("cells of more than one number (\"{}\"), of which the loader "
-                                  "reads the first",
-                                  column.wrongSample);
-            notes.push_back(fmt::format("unsure: {} has {}: not loaded", which, what));
+        if (column.kind != Column::text && !column.wrong)
+            continue;
+        ColumnNote note = noteOf(column);
+        auto same = std::find_if(notes.begin(), notes.end(), [&note](const ColumnNote &other) {
+            return other.what.substr(0, other.what.find('(')) == note.what.substr(0, note.what.find('('));
+        });
+        if (same == notes.end()) {
+            note.columns.push_back(c);
+            notes.push_back(std::move(note));
+        } else {
+            same->columns.push_back(c);
         }
     }
-    return notes;
+    std::vector<std::string> lines;
+    for (const ColumnNote &note : notes)
+        lines.push_back(fmt::format("{}: {} {}: not loaded", note.kind,
+                                    columnsText(plan, note.columns), note.what));
+    return lines;
 }
 
 } // namespace

@@ -32,6 +32,13 @@ std::pair<std::string, int> commentPrefix(const FileSample &sample)
     return {best, most};
 }
 
+/* A header line naming a value: a word, then a number ("ncols 4"). */
+bool keyAndValue(const std::vector<Field> &fields)
+{
+    return fields.size() == 2 && fields[0].kind == FieldKind::unreadable &&
+           fields[1].kind == FieldKind::number;
+}
+
 /* The text before the first occurrence of marker (the whole line without
    one). */
 std::string beforeMarker(const std::string &line, const std::string &marker)
@@ -47,20 +54,23 @@ std::string beforeMarker(const std::string &line, const std::string &marker)
 Separator chooseSeparator(const std::vector<SniffLine> &lines)
 {
     Separator best = Separator::blanks;
-    long bestScore = -1;
+    std::pair<long, long> bestFit{-1, -1}; /* numbers less other fields; data-like lines */
     for (Separator separator :
          {Separator::tab, Separator::semicolon, Separator::comma, Separator::blanks}) {
-        long score = 0;
+        std::pair<long, long> fit{0, 0};
         for (const SniffLine &line : lines) {
             if (isBlankLine(line.view))
                 continue;
-            LineFit fit = lineFit(splitFields(line.view, separator));
-            if (fit.dataLike())
-                score += fit.score();
+            auto fields = splitFields(line.view, separator);
+            LineFit lineFitted = lineFit(fields);
+            if (lineFitted.dataLike() && !keyAndValue(fields)) {
+                fit.first += lineFitted.score();
+                ++fit.second;
+            }
         }
-        if (score > bestScore) {
+        if (fit > bestFit) {
             best = separator;
-            bestScore = score;
+            bestFit = fit;
         }
     }
     return best;
@@ -112,7 +122,7 @@ private:
         int fields = mostCommon(counts);
         for (SniffLine &line : layout_.lines)
             if (line.cls == LineClass::text && static_cast<int>(line.fields.size()) == fields &&
-                lineFit(line.fields).numbers >= 1)
+                lineFit(line.fields).numbers >= 1 && !keyAndValue(line.fields))
                 line.cls = LineClass::data;
     }
 
@@ -124,7 +134,8 @@ private:
                 line.cls = LineClass::empty;
             else if (!layout_.commentMarker.empty() && startsWithPrefix(line.raw, layout_.commentMarker))
                 line.cls = LineClass::comment;
-            else if (!isBlankLine(line.view) && lineFit(line.fields).dataLike())
+            else if (!isBlankLine(line.view) && lineFit(line.fields).dataLike() &&
+                     !keyAndValue(line.fields))
                 line.cls = LineClass::data;
             else
                 line.cls = LineClass::text;

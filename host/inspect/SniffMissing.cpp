@@ -15,6 +15,7 @@
 
 #include "LineCells.h"
 #include "LineFilter.h"
+#include "LoaderNumber.h"
 #include "SniffPlan.h"
 
 namespace corvane::inspect {
@@ -92,10 +93,26 @@ bool markerCutsCleanly(const SniffPlan &plan, const std::string &marker, const I
         if (read != expected)
             return false;
     }
-    for (size_t i = 0; i < plan.firstRow(); ++i)
-        if (containsNoCase(plan.line(i).raw, marker) &&
-            (plan.titleLine == i || (plan.names && plan.names->index == i)))
+    const InstructionSet &set = plan.set;
+    for (size_t i = 0; i < plan.firstRow(); ++i) {
+        int number = plan.line(i).number;
+        bool read = (set.titleSearch == SearchMode::line && set.titleLine == number) ||
+                    (set.namesSearch == SearchMode::line && set.namesStartLine == number);
+        if (read && containsNoCase(plan.line(i).raw, marker))
             return false;
+    }
+    return true;
+}
+
+/* Whether the comment prefix may go: every comment line stands before the
+   data and is no numeric line, so the loader passes over it anyway. */
+bool commentsNotNeeded(const SniffPlan &plan)
+{
+    for (size_t i = 0; i < plan.layout.lines.size(); ++i) {
+        const SniffLine &line = plan.line(i);
+        if (line.cls == LineClass::comment && (i > plan.firstRow() || isNumericLine(line.raw)))
+            return false;
+    }
     return true;
 }
 
@@ -120,14 +137,22 @@ std::string markerList(const std::set<std::string> &markers)
     return fmt::format("{}", fmt::join(shown, ", "));
 }
 
-/* Missing values between values in token mode: cut such rows at their
-   marker, or leave them out. */
+/* Missing values between values in token mode: leave such rows out (when
+   the row filter can list them), else cut them at their marker. */
 void keepPlaces(SniffPlan &plan, const Inside &inside)
 {
     std::string rows = rowsText(inside.lines);
     const char *hold = inside.lines.size() == 1 ? "holds" : "hold";
+    NumberList ranges = rangesOf(inside.lines);
+    if (ranges.size() <= 32) {
+        plan.set.rows = ranges;
+        plan.unsure(fmt::format("{} {} missing values ({}) between values, after which the "
+                                "values would move left: left out (ROWS)",
+                                rows, hold, markerList(inside.markers)));
+        return;
+    }
     const std::string &marker = *inside.markers.begin();
-    if (inside.markers.size() == 1 && !marker.empty() && plan.layout.commentMarker.empty() &&
+    if (inside.markers.size() == 1 && !marker.empty() && commentsNotNeeded(plan) &&
         markerCutsCleanly(plan, marker, inside)) {
         plan.set.comment = marker;
         plan.set.useComment = true;
@@ -138,16 +163,8 @@ void keepPlaces(SniffPlan &plan, const Inside &inside)
                                 rows, hold, marker, marker));
         return;
     }
-    NumberList ranges = rangesOf(inside.lines);
-    if (ranges.size() <= 32) {
-        plan.set.rows = ranges;
-        plan.unsure(fmt::format("{} {} missing values ({}) between values, after which the "
-                                "values would move left: left out (ROWS)",
-                                rows, hold, markerList(inside.markers)));
-        return;
-    }
     plan.unsure(fmt::format("{} {} missing values ({}) between values: the values after them "
-                            "move left (too many rows to leave out)",
+                            "move left",
                             rows, hold, markerList(inside.markers)));
 }
 
@@ -176,6 +193,42 @@ void oneVariable(SniffPlan &plan)
                     "rows not looked at are not counted");
 }
 
+/* A number the loader cannot read: in quotes or with a decimal comma. */
+bool unreadableNumber(const Field &field)
+{
+    std::string_view text = field.text;
+    if (field.kind == FieldKind::decimalComma)
+        return true;
+    if (text.size() < 3 || (text.front() != '"' && text.front() != '\'') || text.back() != text.front())
+        return false;
+    std::string_view inside = text.substr(1, text.size() - 2);
+    return readLoaderNumber(inside) || isDecimalCommaNumber(inside);
+}
+
+/* Numbers in the number columns that the loader cannot read, which get
+   the blank value (cells) or count as missing (tokens). */
+void unreadableNumbers(SniffPlan &plan)
+{
+    std::vector<int> rows;
+    std::string sample;
+    for (size_t row : plan.rows) {
+        const SniffLine &line = plan.line(row);
+        for (size_t c : plan.variables) {
+            if (c >= line.fields.size() || plan.columns[c].kind != Column::number ||
+                !unreadableNumber(line.fields[c]))
+                continue;
+            if (sample.empty())
+                sample = line.fields[c].text;
+            rows.push_back(line.number);
+            break;
+        }
+    }
+    if (!rows.empty())
+        plan.unsure(fmt::format("{} {} the loader cannot read ({}): {} as missing",
+                                rowsText(rows), rows.size() == 1 ? "holds a number" : "hold numbers",
+                                sample, rows.size() == 1 ? "it counts" : "they count"));
+}
+
 } // namespace
 
 void findMissing(SniffPlan &plan)
@@ -186,6 +239,7 @@ void findMissing(SniffPlan &plan)
         oneVariable(plan);
         return;
     }
+    unreadableNumbers(plan);
     std::vector<int> shortRows, longRows;
     if (!plan.blankCells) {
         Inside inside = missingInside(plan);
