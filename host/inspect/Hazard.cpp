@@ -125,20 +125,16 @@ std::string afterDroppedText(const TracedLine &line, size_t cellIndex)
 
 void MajorityCount::add(int count)
 {
-    ++counts_.try_emplace(count, Seen{0, counts_.size()}).first->second.times;
+    ++counts_[count];
+    ++rows_;
 }
 
-int MajorityCount::majority() const
+std::optional<int> MajorityCount::majority() const
 {
-    int best = 0;
-    Seen most{0, 0};
-    for (const auto &[count, seen] : counts_) {
-        if (seen.times > most.times || (seen.times == most.times && seen.order < most.order)) {
-            best = count;
-            most = seen;
-        }
-    }
-    return best;
+    for (const auto &[count, seen] : counts_)
+        if (seen * 2 > rows_)
+            return count;
+    return std::nullopt;
 }
 
 } // namespace corvane::inspect

@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -76,19 +77,16 @@ std::string fillText(const InstructionSet &set);
    or that the rest of the line was not read. */
 std::string afterDroppedText(const TracedLine &line, size_t cellIndex);
 
-/* The value counts of data rows: the most common one (the first seen of
-   equal ones). */
+/* The value counts of data rows: the count that more than half of them
+   have, if one does. */
 class MajorityCount {
 public:
     void add(int count);
-    int majority() const;
+    std::optional<int> majority() const;
 
 private:
-    struct Seen {
-        long long times;
-        size_t order; /* of first sight */
-    };
-    std::map<int, Seen> counts_;
+    std::map<int, long long> counts_;
+    long long rows_ = 0;
 };
 
 /* A kept list of lines with a bound: a detector that decides at the end

@@ -13,15 +13,19 @@ namespace {
 
 class NotANumber : public Detector {
 public:
-    explicit NotANumber(PlaceSink &sink) : sink_(sink) {}
+    NotANumber(const InstructionSet &set, PlaceSink &sink)
+        : pointPerLine_(set.autoDimension), sink_(sink) {}
 
     void line(const TracedLine &line) override
     {
         if (line.cut.blankCellMode)
             return;
         if (line.role == LineRole::textInData) {
-            if (emptyRows_.size() < keptLinesLimit)
-                emptyRows_.push_back({line.number, static_cast<int>(line.cut.cells.size())});
+            int tokens = static_cast<int>(line.cut.cells.size());
+            if (pointPerLine_ && tokens == line.variables)
+                sink_.add({HazardKind::notANumber, line.number, 0, skippedRow(tokens)});
+            else if (emptyRows_.size() < keptLinesLimit)
+                emptyRows_.push_back({line.number, tokens});
             return;
         }
         if (line.role != LineRole::data)
@@ -40,26 +44,29 @@ public:
 
     void finish(const TraceSummary &) override
     {
-        int majority = rowCounts_.majority();
-        for (const auto &[number, tokens] : emptyRows_) {
-            if (tokens == majority && tokens > 0)
-                sink_.add({HazardKind::notANumber, number, 0,
-                           fmt::format("none of its {} tokens is a number: the row was skipped",
-                                       tokens)});
-        }
+        auto majority = rowCounts_.majority();
+        for (const auto &[number, tokens] : emptyRows_)
+            if (majority && tokens == *majority && tokens > 0)
+                sink_.add({HazardKind::notANumber, number, 0, skippedRow(tokens)});
     }
 
 private:
+    static std::string skippedRow(int tokens)
+    {
+        return fmt::format("none of its {} tokens is a number: the row was skipped", tokens);
+    }
+
+    bool pointPerLine_;
     PlaceSink &sink_;
     MajorityCount rowCounts_;
-    std::vector<std::pair<int, int>> emptyRows_; /* line, tokens */
+    std::vector<std::pair<int, int>> emptyRows_; /* line, tokens: rows like the data rows? */
 };
 
 } // namespace
 
-std::unique_ptr<Detector> notANumberDetector(const InstructionSet &, PlaceSink &sink)
+std::unique_ptr<Detector> notANumberDetector(const InstructionSet &set, PlaceSink &sink)
 {
-    return std::make_unique<NotANumber>(sink);
+    return std::make_unique<NotANumber>(set, sink);
 }
 
 } // namespace corvane::inspect

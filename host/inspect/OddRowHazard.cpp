@@ -1,6 +1,6 @@
 /*
- * OddRowHazard.cpp - data rows whose number of values differs from that of
- * most rows. With one point a line, rows that did not match the variables
+ * OddRowHazard.cpp - data rows whose number of values differs from the one
+ * more than half of the rows have. With one point a line, rows that did not match the variables
  * are already reported as filled; the others are reported here.
  */
 #include <map>
@@ -30,14 +30,16 @@ public:
 
     void finish(const TraceSummary &) override
     {
-        int majority = rowCounts_.majority();
+        auto majority = rowCounts_.majority();
+        if (!majority)
+            return;
         for (const auto &[count, lines] : linesByCount_) {
-            if (count == majority)
+            if (count == *majority)
                 continue;
             for (int number : lines)
                 sink_.add({HazardKind::oddRow, number, 0,
                            fmt::format("{} value{} where most rows have {}", count,
-                                       count == 1 ? "" : "s", majority)});
+                                       count == 1 ? "" : "s", *majority)});
         }
     }
 

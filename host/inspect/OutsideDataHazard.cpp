@@ -41,9 +41,10 @@ public:
 
     void finish(const TraceSummary &summary) override
     {
-        int majority = rowCounts_.majority();
+        auto majority = rowCounts_.majority();
         for (const Kept &kept : kept_) {
-            bool dataLike = kept.tokens == majority && kept.numbers * 2 >= kept.tokens;
+            bool dataLike =
+                majority && kept.tokens == *majority && kept.numbers * 2 >= kept.tokens;
             if (!kept.numeric && !dataLike)
                 continue;
             std::string subject = kept.numeric ? "numeric line" : "row like the data rows";
