@@ -30,6 +30,8 @@ host::Expected<Proposal> sniffSample(const FileSample &sample,
     findTitle(plan);
     findMissing(plan);
     findDataMarkers(plan);
+    if (plan.set.titleSearch != SearchMode::none)
+        plan.set.titleName = InstructionSet{}.titleName; /* not written: the default */
 
     Proposal proposal;
     proposal.set = plan.set;

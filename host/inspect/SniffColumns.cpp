@@ -13,24 +13,6 @@
 namespace corvane::inspect {
 namespace {
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-/* Two numbers written together: a digit or point, then a sign, then a
-   digit or point ("4.0-0.5"), not inside an exponent. */
-bool touchingNumbers(std::string_view text)
-{
-    for (size_t i = 1; i + 1 < text.size(); ++i) {
-        char before = text[i - 1], after = text[i + 1];
-        if ((text[i] == '-' || text[i] == '+') && (isDigit(before) || before == '.') &&
-            (isDigit(after) || after == '.'))
-            return true;
-    }
-    return false;
-}
-
 /* Fields of width characters from the start of the line, trimmed. */
 std::vector<Field> fixedFields(std::string_view line, int width)
 {
@@ -77,7 +59,7 @@ void useFixedWidth(SniffPlan &plan)
     bool touching = false;
     for (size_t row : plan.rows)
         for (const Field &field : plan.line(row).fields)
-            touching = touching || (field.kind == FieldKind::unreadable && touchingNumbers(field.text));
+            touching = touching || field.kind == FieldKind::touching;
     if (!touching)
         return;
     auto width = fixedWidth(plan);

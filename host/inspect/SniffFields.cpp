@@ -18,6 +18,25 @@ std::string_view trim(std::string_view text, size_t &offset)
     return text.substr(first, last - first + 1);
 }
 
+/* Two or more numbers written together: cut before each sign that follows
+   a digit or point, every piece is a number. */
+bool touching(std::string_view text)
+{
+    size_t pieces = 0, start = 0;
+    for (size_t i = 1; i <= text.size(); ++i) {
+        bool cut = i == text.size() ||
+                   ((text[i] == '-' || text[i] == '+') &&
+                    ((text[i - 1] >= '0' && text[i - 1] <= '9') || text[i - 1] == '.'));
+        if (!cut)
+            continue;
+        if (!readLoaderNumber(text.substr(start, i - start)))
+            return false;
+        ++pieces;
+        start = i;
+    }
+    return pieces > 1;
+}
+
 } // namespace
 
 FieldKind fieldKind(std::string_view text)
@@ -34,7 +53,9 @@ FieldKind fieldKind(std::string_view text)
             return FieldKind::loneSign;
         return FieldKind::number;
     }
-    return isDecimalCommaNumber(text) ? FieldKind::decimalComma : FieldKind::unreadable;
+    if (isDecimalCommaNumber(text))
+        return FieldKind::decimalComma;
+    return touching(text) ? FieldKind::touching : FieldKind::unreadable;
 }
 
 std::vector<Field> splitFields(std::string_view line, Separator separator)
@@ -68,7 +89,7 @@ std::vector<Field> splitFields(std::string_view line, Separator separator)
 bool meansNumber(FieldKind kind)
 {
     return kind == FieldKind::number || kind == FieldKind::dExponent ||
-           kind == FieldKind::decimalComma;
+           kind == FieldKind::decimalComma || kind == FieldKind::touching;
 }
 
 bool loaderReads(FieldKind kind)

@@ -2,7 +2,7 @@
  * SniffFields.h - a line cut into fields by a candidate separator, and what
  * each field is to the loader: a number it reads, a number it reads wrong
  * (a D exponent, a lone sign, a cell with an inner blank), a number it
- * cannot read (a decimal comma), something else it cannot read (text, NaN,
+ * cannot read (a decimal comma, numbers that touch), something else it cannot read (text, NaN,
  * ---, quotes), or an empty cell.
  */
 #ifndef CORVANE_INSPECT_SNIFFFIELDS_H
@@ -18,7 +18,16 @@ namespace corvane::inspect {
    every occurrence, so that empty cells survive. */
 enum class Separator { tab, semicolon, comma, blanks };
 
-enum class FieldKind { empty, number, dExponent, loneSign, innerBlank, decimalComma, unreadable };
+enum class FieldKind {
+    empty,
+    number,
+    dExponent,
+    loneSign,
+    innerBlank,
+    decimalComma,
+    touching, /* numbers written together, as in 4.0-0.5 */
+    unreadable
+};
 
 struct Field {
     std::string text; /* trimmed of blanks and tabs */

@@ -252,7 +252,8 @@ void findTitle(SniffPlan &plan)
     size_t limit = plan.names ? plan.names->index : plan.sizeRow ? *plan.sizeRow : plan.firstRow();
     for (size_t i = 0; i < limit; ++i) {
         const SniffLine &line = plan.line(i);
-        if (line.cls == LineClass::empty || line.cls == LineClass::data || !hasLetter(line.raw))
+        if (line.cls == LineClass::empty || line.cls == LineClass::data || !hasLetter(line.raw) ||
+            markerLine(line.raw))
             continue;
         auto words = blankWords(line.raw);
         if (words.size() == 2 && readLoaderNumber(words[1]))
