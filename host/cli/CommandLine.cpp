@@ -285,6 +285,9 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
                       "The data set's title (default: the first line of text above the data, "
                       "or the file's name)")
         ->type_name("TEXT");
+    sniff->footer("The explanation: one line per range of lines and its role (\"lines 1-5   "
+                  "header text (kept as text)\"), then \"note:\" lines on choices made and "
+                  "\"unsure:\" lines on choices to look at. The set carries them as comments.");
 
     auto *check = app.add_subcommand(
         "check", "Load DATAFILE as load does, then report every place where the loaded numbers "
