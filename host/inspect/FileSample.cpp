@@ -11,6 +11,8 @@
 
 #include <fmt/format.h>
 
+#include "TextLines.h"
+
 namespace corvane::inspect {
 
 host::Expected<FileSample> sampleFile(const std::string &path, size_t headBytes, size_t tailLines)
@@ -25,17 +27,12 @@ host::Expected<FileSample> sampleFile(const std::string &path, size_t headBytes,
     FileSample sample;
     sample.name = std::filesystem::path(path).filename().string();
     std::deque<SampleLine> tail;
-    size_t bytes = 0;
     bool inHead = true;
     std::string text;
-    while (std::getline(in, text)) {
+    TextLines lines(in);
+    while (lines.next(text)) {
         ++sample.totalLines;
-        bytes += text.size() + 1;
-        if (size_t nul = text.find('\0'); nul != std::string::npos)
-            text.resize(nul);
-        while (!text.empty() && (text.back() == '\r' || text.back() == '\n'))
-            text.pop_back();
-        inHead = inHead && bytes <= headBytes;
+        inHead = inHead && lines.bytes() <= headBytes;
         if (inHead) {
             sample.lines.push_back({sample.totalLines, std::move(text)});
             continue;

@@ -10,6 +10,8 @@
 
 #include <fmt/format.h>
 
+#include "TextLines.h"
+
 namespace corvane::inspect {
 namespace {
 
@@ -295,15 +297,9 @@ host::Expected<TraceSummary> traceScan(const std::string &path, const Instructio
     Tracer tracer(set, stoppedLines, listener);
     std::string line;
     int number = 0;
-    while (std::getline(in, line)) {
-        ++number;
-        /* A NUL byte ends the line for the loader. */
-        if (size_t nul = line.find('\0'); nul != std::string::npos)
-            line.resize(nul);
-        while (!line.empty() && (line.back() == '\r' || line.back() == '\n'))
-            line.pop_back();
-        tracer.take(number, line);
-    }
+    TextLines lines(in);
+    while (lines.next(line))
+        tracer.take(++number, line);
     if (in.bad())
         return host::unexpected(fmt::format("{}: read error", path));
     return tracer.finish();

@@ -9,6 +9,31 @@
 #include "SniffPlan.h"
 
 namespace corvane::inspect {
+namespace {
+
+/* The longest quoted text of a set that the loader reads whole. */
+constexpr size_t maxSetText = 1024;
+
+/* The length of NAMES: the names, their commas (escaped ones twice). */
+size_t namesLength(const std::vector<std::string> &names)
+{
+    size_t length = names.empty() ? 0 : names.size() - 1;
+    for (const std::string &name : names)
+        for (char c : name)
+            length += c == ',' || c == '"' || c == '\\' ? 2 : 1;
+    return length;
+}
+
+/* Whether some variable's column holds numbers the loader reads right. */
+bool anyLoadable(const SniffPlan &plan)
+{
+    for (size_t column : plan.variables)
+        if (plan.columns[column].kind == Column::number && !plan.columns[column].wrong)
+            return true;
+    return false;
+}
+
+} // namespace
 
 host::Expected<Proposal> sniffSample(const FileSample &sample,
                                      const std::optional<std::string> &title)
@@ -25,8 +50,15 @@ host::Expected<Proposal> sniffSample(const FileSample &sample,
     }
     findSizeRow(plan);
     findColumns(plan);
+    if (!anyLoadable(plan))
+        return host::unexpected(fmt::format(
+            "{}: no column holds numbers the loader can read (see lines {}-{})", sample.name,
+            plan.line(plan.firstRow()).number, plan.line(plan.lastRow()).number));
     findNamedSizes(plan);
     findNames(plan);
+    if (plan.set.namesSearch == SearchMode::none && namesLength(plan.set.names) > maxSetText)
+        return host::unexpected(fmt::format("{}: {} variables are more than a set can name",
+                                            sample.name, plan.set.names.size()));
     findTitle(plan);
     findMissing(plan);
     findDataMarkers(plan);

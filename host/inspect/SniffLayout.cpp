@@ -243,6 +243,10 @@ private:
         layout_.lastBlock = bestLast;
         if (bestLast > bestFirst)
             layout_.zoneKeyword = keywordText(blocks[bestFirst].first);
+        if (layout_.zoneKeyword.size() > 200) { /* longer than a set's keyword */
+            layout_.zoneKeyword.clear();
+            layout_.lastBlock = bestFirst;
+        }
     }
 
     /* The introducing word as written in the file. */

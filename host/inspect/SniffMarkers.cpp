@@ -49,7 +49,7 @@ LoaderLines loaderLines(const SniffPlan &plan)
    lines from..to (that the data steps see) holds. */
 bool distinctWord(const std::string &word, const LoaderLines &lines, size_t from, size_t to)
 {
-    if (word.size() < 3 || !hasLetter(word))
+    if (word.size() < 3 || word.size() > 200 || !hasLetter(word))
         return false;
     for (size_t i = from; i < to && i < lines.views.size(); ++i)
         if (lines.reaches[i] && containsNoCase(lines.views[i], word))

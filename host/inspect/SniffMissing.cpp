@@ -152,7 +152,8 @@ void keepPlaces(SniffPlan &plan, const Inside &inside)
         return;
     }
     const std::string &marker = *inside.markers.begin();
-    if (inside.markers.size() == 1 && !marker.empty() && commentsNotNeeded(plan) &&
+    if (inside.markers.size() == 1 && !marker.empty() && marker.size() <= 32 &&
+        commentsNotNeeded(plan) &&
         markerCutsCleanly(plan, marker, inside)) {
         plan.set.comment = marker;
         plan.set.useComment = true;

@@ -244,11 +244,21 @@ std::string namesRoleText(const SniffPlan &plan)
                        plan.variables.size());
 }
 
+/* A title to enter in the set, no longer than the loader takes one. */
+std::string enteredTitle(std::string text)
+{
+    if (text.size() > 1000)
+        text.resize(1000);
+    return text;
+}
+
 void findTitle(SniffPlan &plan)
 {
     InstructionSet &set = plan.set;
-    if (set.titleSearch == SearchMode::none && !set.titleName.empty())
-        return; /* given */
+    if (set.titleSearch == SearchMode::none && !set.titleName.empty()) {
+        set.titleName = enteredTitle(set.titleName); /* given */
+        return;
+    }
     size_t limit = plan.names ? plan.names->index : plan.sizeRow ? *plan.sizeRow : plan.firstRow();
     for (size_t i = 0; i < limit; ++i) {
         const SniffLine &line = plan.line(i);
@@ -261,7 +271,7 @@ void findTitle(SniffPlan &plan)
         plan.titleLine = i;
         if (isComment(plan, line)) {
             set.titleSearch = SearchMode::none;
-            set.titleName = commentText(plan, line);
+            set.titleName = enteredTitle(commentText(plan, line));
             plan.titleText = set.titleName;
             return;
         }
@@ -287,7 +297,7 @@ void findTitle(SniffPlan &plan)
         return;
     }
     set.titleSearch = SearchMode::none;
-    set.titleName = plan.sample.name;
+    set.titleName = enteredTitle(plan.sample.name);
     plan.titleText = set.titleName;
 }
 

@@ -118,6 +118,9 @@ void sizesInHeader(SniffPlan &plan)
     auto sizes = namedSizes(plan, lines);
     if (!sizes)
         return;
+    if (static_cast<double>((*sizes)[0]) * static_cast<double>((*sizes)[1]) *
+            static_cast<double>((*sizes)[2]) > 2e9)
+        return; /* more points than a zone holds */
     long long points = (*sizes)[0] * (*sizes)[1] * (*sizes)[2];
     long long values = 0;
     bool evenRows = true;

@@ -496,6 +496,8 @@ TEST(Sniff, FailuresSayWhyAndLeaveNoSet)
 {
     ScratchDir scratch;
     writeFile(scratch / "words.txt", "no numbers here\nnor here\n");
+    writeFile(scratch / "commas.csv", "a;b\n1,5;2,5\n3,5;4,5\n");
+    writeFile(scratch / "zeros.bin", std::string(5000, '\0'));
     fs::create_directory(scratch / "folder");
     const struct {
         std::vector<std::string> args;
@@ -506,6 +508,9 @@ TEST(Sniff, FailuresSayWhyAndLeaveNoSet)
         {{"sniff", "folder"}, 1, "corvane: folder: is a directory\n"},
         {{"sniff", "words.txt", "-o", "set.twc"}, 1,
          "corvane: words.txt: no data found (no line holds numbers)\n"},
+        {{"sniff", "commas.csv"}, 1,
+         "corvane: commas.csv: no column holds numbers the loader can read (see lines 2-3)\n"},
+        {{"sniff", "zeros.bin"}, 1, "corvane: zeros.bin: no data found (no line holds numbers)\n"},
         {{"load", "words.txt", "--sniff"}, 1,
          "corvane: words.txt: no data found (no line holds numbers)\n"},
         {{"load", "c.txt", "--sniff", "--set", "c.twc"}, 2,
@@ -523,5 +528,6 @@ TEST(Sniff, FailuresSayWhyAndLeaveNoSet)
     Result run = runCorvane({"sniff", "c.txt", "-o", "nowhere/set.twc"}, scratch.path());
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
-    EXPECT_EQ(scratch.entries(), (std::vector<std::string>{"c.txt", "folder", "words.txt"}));
+    EXPECT_EQ(scratch.entries(), (std::vector<std::string>{"c.txt", "commas.csv", "folder",
+                                                           "words.txt", "zeros.bin"}));
 }
