@@ -86,16 +86,7 @@ int mostCommonFields(const SniffPlan &plan)
     std::vector<int> counts;
     for (size_t row : plan.rows)
         counts.push_back(static_cast<int>(plan.line(row).fields.size()));
-    int best = 0;
-    long most = 0;
-    for (int count : counts) {
-        long seen = std::count(counts.begin(), counts.end(), count);
-        if (seen > most) {
-            best = count;
-            most = seen;
-        }
-    }
-    return best;
+    return mostCommon(counts);
 }
 
 void columnKinds(SniffPlan &plan)

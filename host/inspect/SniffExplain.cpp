@@ -78,15 +78,22 @@ int valuesOf(const SniffPlan &plan, const Block &block)
     return best;
 }
 
-std::string outsideText(const SniffPlan &plan, size_t index, bool after)
+std::string outsideText(const SniffPlan &plan, size_t index, bool after,
+                        std::map<const Block *, int> &tableColumns)
 {
+    auto columns = [&](const Block &block) {
+        auto found = tableColumns.find(&block);
+        if (found == tableColumns.end())
+            found = tableColumns.emplace(&block, valuesOf(plan, block)).first;
+        return found->second;
+    };
     const SniffLine &line = plan.line(index);
     if (line.cls == LineClass::comment && !plan.cutAtMarker)
         return fmt::format("comments (after \"{}\", cut)", plan.layout.commentMarker);
     if (line.cls == LineClass::data) {
         const Block *block = blockOf(plan.layout, index);
         if (block && block->rows.size() >= 3)
-            return fmt::format("another table of {} columns (not loaded)", valuesOf(plan, *block));
+            return fmt::format("another table of {} columns (not loaded)", columns(*block));
         if (isNumericLine(line.view))
             return after ? "numbers after the data (not loaded)" : "numbers in the header (not data)";
     }
@@ -98,6 +105,7 @@ std::vector<std::string> roles(const SniffPlan &plan)
 {
     const InstructionSet &set = plan.set;
     std::vector<std::string> role(plan.layout.lines.size());
+    std::map<const Block *, int> tableColumns;
     size_t first = plan.firstRow(), last = plan.lastRow();
     for (size_t i = 0; i < role.size(); ++i) {
         const SniffLine &line = plan.line(i);
@@ -111,11 +119,11 @@ std::vector<std::string> roles(const SniffPlan &plan)
         else if (plan.sizeRow == i)
             role[i] = sizeRowText(plan);
         else if (i < first)
-            role[i] = outsideText(plan, i, false);
+            role[i] = outsideText(plan, i, false, tableColumns);
         else if (i > last)
-            role[i] = outsideText(plan, i, true);
+            role[i] = outsideText(plan, i, true, tableColumns);
         else if (line.cls == LineClass::comment)
-            role[i] = outsideText(plan, i, false);
+            role[i] = outsideText(plan, i, false, tableColumns);
         else if (line.cls == LineClass::text && !(set.multipleZones && set.autoDimension &&
                                                   containsNoCase(line.raw, set.zoneKeyword)))
             role[i] = "text inside the data (kept as text)";

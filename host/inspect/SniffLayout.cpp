@@ -76,21 +76,6 @@ Separator chooseSeparator(const std::vector<SniffLine> &lines)
     return best;
 }
 
-int mostCommon(const std::vector<int> &counts)
-{
-    std::map<int, int> seen;
-    for (int count : counts)
-        ++seen[count];
-    int best = 0, most = 0;
-    for (int count : counts) { /* the first seen of equal ones */
-        if (seen[count] > most) {
-            best = count;
-            most = seen[count];
-        }
-    }
-    return best;
-}
-
 class LayoutBuilder {
 public:
     LayoutBuilder(const FileSample &sample, std::string marker, int commentLines)
@@ -165,21 +150,18 @@ private:
         for (auto &chunk : chunks) {
             int fields = chunkFields(chunk);
             Block *last = layout_.blocks.empty() ? nullptr : &layout_.blocks.back();
-            if (last && last->fields == fields && onlyTransparent(last->last + 1, chunk.front())) {
-                last->chunks.push_back(chunk);
-                last->rows.insert(last->rows.end(), chunk.begin(), chunk.end());
-                last->last = chunk.back();
-                last->fields = blockFields(*last);
-                continue;
+            if (!last || last->fields != fields || !onlyTransparent(last->last + 1, chunk.front())) {
+                layout_.blocks.emplace_back();
+                last = &layout_.blocks.back();
+                last->first = chunk.front();
+                last->introducer = introducer(chunk.front());
             }
-            Block block;
-            block.first = chunk.front();
-            block.last = chunk.back();
-            block.rows = chunk;
-            block.chunks.push_back(chunk);
-            block.fields = fields;
-            block.introducer = introducer(chunk.front());
-            layout_.blocks.push_back(std::move(block));
+            last->chunks.push_back(chunk);
+            last->rows.insert(last->rows.end(), chunk.begin(), chunk.end());
+            last->last = chunk.back();
+            for (size_t row : chunk)
+                ++last->fieldCounts[static_cast<int>(layout_.lines[row].fields.size())];
+            last->fields = mostFields(*last);
         }
     }
 
@@ -191,7 +173,17 @@ private:
         return mostCommon(counts);
     }
 
-    int blockFields(const Block &block) const { return chunkFields(block.rows); }
+    /* The number of fields most of the block's rows have; of equal ones the
+       smaller. */
+    static int mostFields(const Block &block)
+    {
+        int best = 0;
+        size_t most = 0;
+        for (const auto &[fields, rows] : block.fieldCounts)
+            if (rows > most)
+                best = fields, most = rows;
+        return best;
+    }
 
     bool onlyTransparent(size_t from, size_t to) const
     {
@@ -227,7 +219,8 @@ private:
             while (!blocks[first].introducer.empty() && last + 1 < blocks.size() &&
                    blocks[last + 1].fields == blocks[first].fields &&
                    blocks[last + 1].introducer == blocks[first].introducer &&
-                   !keywordInRows(blocks[first].introducer, first, last + 1))
+                   !keywordInRows(blocks[first].introducer, first == last ? first : last + 1,
+                                  last + 1))
                 ++last;
             size_t rows = 0;
             for (size_t b = first; b <= last; ++b)
@@ -280,6 +273,24 @@ bool startsWithPrefix(std::string_view line, std::string_view prefix)
     size_t first = line.find_first_not_of(" \t");
     return !prefix.empty() && first != std::string_view::npos &&
            line.substr(first).substr(0, prefix.size()) == prefix;
+}
+
+int mostCommon(const std::vector<int> &counts)
+{
+    std::map<int, std::pair<size_t, size_t>> seen; /* count -> times, first index */
+    for (size_t i = 0; i < counts.size(); ++i) {
+        auto &entry = seen.try_emplace(counts[i], 0, i).first->second;
+        ++entry.first;
+    }
+    int best = 0;
+    std::pair<size_t, size_t> most{0, 0};
+    for (const auto &[count, entry] : seen) {
+        if (entry.first > most.first || (entry.first == most.first && entry.second < most.second)) {
+            best = count;
+            most = entry;
+        }
+    }
+    return best;
 }
 
 std::string firstWord(std::string_view line)

@@ -8,6 +8,7 @@
 #ifndef CORVANE_INSPECT_SNIFFLAYOUT_H
 #define CORVANE_INSPECT_SNIFFLAYOUT_H
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ struct Block {
     std::vector<size_t> rows;   /* indices of its data lines */
     std::vector<std::vector<size_t>> chunks; /* rows with no line between them */
     std::string introducer;     /* first word of the line before it, upper case */
+    std::map<int, size_t> fieldCounts; /* rows by their number of fields */
 };
 
 struct Layout {
@@ -59,6 +61,8 @@ std::vector<size_t> dataRows(const Layout &layout);
 /* The most common number of fields among the data rows. */
 int dataFields(const Layout &layout);
 
+/* The value most of counts have; of equal ones, the first seen. */
+int mostCommon(const std::vector<int> &counts);
 /* Whether the line's first characters after blanks are prefix. */
 bool startsWithPrefix(std::string_view line, std::string_view prefix);
 /* The line's first blank-separated word. */
