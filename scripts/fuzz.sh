@@ -15,14 +15,14 @@ scripts/setup.sh clang libclang-rt-14-dev
 cmake --build --preset fuzz -j "$(nproc)"
 
 status=0
-for name in instructions numlist dataline load script; do
+for name in instructions numlist dataline load script sniff check; do
   work="build/fuzz/corpus/$name"
   findings="build/fuzz/findings/$name"
   mkdir -p "$work" "$findings"
   options=(-max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -print_final_stats=1
            -artifact_prefix="$findings/")
   case "$name" in
-    instructions|load) options+=(-dict=fuzz/dict/instructions.dict) ;;
+    instructions|load|check) options+=(-dict=fuzz/dict/instructions.dict) ;;
     script) options+=(-dict=fuzz/dict/script.dict) ;;
   esac
   inputs=("$work" "fuzz/corpus/$name")

@@ -4,6 +4,7 @@
 #include "InstructionWriter.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "LoaderNumber.h"
 
@@ -82,10 +83,7 @@ void variablesSection(std::string &out, const InstructionSet &set)
             out += fmt::format(" WIDTH = {}\n", set.namesWidth);
     }
     if (!set.loaded.empty()) {
-        std::string list;
-        for (int number : set.loaded)
-            list += (list.empty() ? "" : ",") + std::to_string(number);
-        out += fmt::format(" LOADED = [{}]\n", list);
+        out += fmt::format(" LOADED = [{}]\n", fmt::join(set.loaded, ","));
     }
     out += "}\n";
 }

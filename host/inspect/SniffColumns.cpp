@@ -221,7 +221,7 @@ std::string lineList(const std::vector<int> &numbers)
 
 std::string rowsText(const std::vector<int> &numbers)
 {
-    return (numbers.size() == 1 ? "row " : "rows ") + lineList(numbers);
+    return fmt::format("{} {}", numbers.size() == 1 ? "row" : "rows", lineList(numbers));
 }
 
 std::optional<size_t> SniffPlan::indexOf(int number) const

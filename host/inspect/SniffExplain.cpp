@@ -7,6 +7,7 @@
 #include <map>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "LineFilter.h"
 #include "LoaderNumber.h"
@@ -42,9 +43,10 @@ std::string dataText(const SniffPlan &plan)
 
 std::string sizeRowText(const SniffPlan &plan)
 {
-    std::string values;
+    std::vector<std::string> texts;
     for (const Field &field : plan.line(*plan.sizeRow).fields)
-        values += (values.empty() ? "" : " ") + field.text;
+        texts.push_back(field.text);
+    std::string values = fmt::format("{}", fmt::join(texts, " "));
     if (plan.set.multipleZones)
         return fmt::format("sizes of the blocks below ({}): zones of {} points", values,
                            plan.set.imax);
@@ -203,7 +205,8 @@ std::string columnsText(const SniffPlan &plan, const std::vector<size_t> &column
         return "column " + one(columns.front()) + " has";
     std::string text = "columns ";
     for (size_t i = 0; i < columns.size(); ++i)
-        text += (i == 0 ? "" : i + 1 == columns.size() ? " and " : ", ") + one(columns[i]);
+        text += fmt::format("{}{}", i == 0 ? "" : i + 1 == columns.size() ? " and " : ", ",
+                            one(columns[i]));
     return text + " have";
 }
 
