@@ -1,10 +1,15 @@
 /*
  * OutsideDataHazard.cpp - lines outside the data section that look like
  * data: numeric lines, and rows with as many tokens as most data rows, at
- * least half of them numbers and the others short (NaN, MM, ---). A header line of numbers taken by a start line, an
- * end line (which is not part of the data), rows before the first numeric
- * line (a NaN makes a line not numeric), lines after a full zone.
+ * least half of them numbers and the others short (NaN, MM, ---): a header
+ * line of numbers passed over by a start line, an end line (which is not
+ * part of the data), rows before the first numeric line (a NaN makes a line
+ * not numeric), lines after a full zone. Also the other way round: a first
+ * numeric line of whole numbers that a blank line parts from the data after
+ * it, taken for data (sizes or a count in a header).
  */
+#include <cmath>
+
 #include <fmt/format.h>
 
 #include "Hazard.h"
@@ -18,6 +23,7 @@ public:
 
     void line(const TracedLine &line) override
     {
+        firstLineApart(line);
         if (line.role == LineRole::data) {
             rowCounts_.add(line.values);
             return;
@@ -53,6 +59,49 @@ public:
     }
 
 private:
+    /* The first data line, when its values are whole numbers and a blank
+       line parts it from the next data line: a header line (sizes, a
+       count) that the first numeric line took for data. */
+    void firstLineApart(const TracedLine &line)
+    {
+        if (first_.decided)
+            return;
+        if (first_.number == 0) {
+            if (line.role != LineRole::data)
+                return;
+            first_.number = line.number;
+            first_.whole = wholeNumbers(line);
+            first_.decided = !first_.whole || set_.start.kind != Marker::firstNumericLine;
+            return;
+        }
+        if (line.role == LineRole::blank) {
+            first_.apart = true;
+            return;
+        }
+        first_.decided = true;
+        if (line.role == LineRole::data && first_.apart)
+            sink_.add({HazardKind::outsideData, first_.number, 0,
+                       "numeric line taken for data, though a blank line parts it from the data "
+                       "after it: a header line (sizes, a count)?"});
+    }
+
+    static bool wholeNumbers(const TracedLine &line)
+    {
+        for (size_t i = 0; i < line.looked; ++i) {
+            const Cell &cell = line.cut.cells[i];
+            if (!cell.read() || cell.scan.value != std::floor(cell.scan.value))
+                return false;
+        }
+        return true;
+    }
+
+    struct FirstLine {
+        int number = 0;
+        bool whole = false;
+        bool apart = false;
+        bool decided = false;
+    };
+
     struct Kept {
         int number;
         LineRole role;
@@ -86,6 +135,7 @@ private:
     PlaceSink &sink_;
     MajorityCount rowCounts_;
     std::vector<Kept> kept_;
+    FirstLine first_;
 };
 
 } // namespace

@@ -162,8 +162,8 @@ TEST(Check, VariableNamesThatLookLikeNumbers)
 }
 
 /* A numeric header line skipped by a start line, an end line (not read
-   itself), a line after the end, and a row with a NaN that the first
-   numeric line passes over. */
+   itself), a line after the end, a row with a NaN that the first numeric
+   line passes over; and a header line the first numeric line takes. */
 TEST(Check, NumericLinesOutsideTheDataSection)
 {
     expectReports({
@@ -180,6 +180,15 @@ TEST(Check, NumericLinesOutsideTheDataSection)
          "nan.txt: 1 place where the loaded numbers may differ from the file\n"
          "numeric lines outside the data section: 1\n"
          "  line 2: row like the data rows before the data section, which starts at line 3\n"},
+        /* The other way round: sizes in a header taken for data. */
+        {"taken.txt", "Clark Y\n61. 61.\n\n0 0\n1 1\n\n2 2\n",
+         "VARIABLES { NAMES = \"x,y\" } DATA { IMPORT { STARTID = FIRSTNUMERICLINE { } ENDID = "
+         "EOF { } } }",
+         {},
+         "taken.txt: 1 place where the loaded numbers may differ from the file\n"
+         "numeric lines outside the data section: 1\n"
+         "  line 2: numeric line taken for data, though a blank line parts it from the data "
+         "after it: a header line (sizes, a count)?\n"},
     });
 }
 
