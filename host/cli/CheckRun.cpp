@@ -12,12 +12,11 @@
 #include <nlohmann/json.hpp>
 
 #include "AddOns.h"
-#include "Check.h"
 #include "ConsoleUi.h"
-#include "InstructionReader.h"
 #include "Lock.h"
 #include "Replay.h"
 #include "RunOutputs.h"
+#include "StoredLoad.h"
 
 namespace corvane::cli {
 namespace {
@@ -38,9 +37,10 @@ std::optional<int> stoppedLine(const host::UiEvent &event)
     return error == std::errc() ? std::optional<int>(line) : std::nullopt;
 }
 
-/* The load as corvane load makes it; the data set, or nothing after the
-   loader's messages. stopped: lines whose question was answered No. */
-std::optional<host::DataSet> load(const Command &cmd, const Io &io, std::set<int> &stopped)
+/* The load as corvane load makes it; the index of its data set among the
+   host's, or nothing after the loader's messages. stopped: lines whose
+   question was answered No. */
+std::optional<size_t> load(const Command &cmd, const Io &io, std::set<int> &stopped)
 {
     host::ConsoleOptions options;
     options.answers = cmd.answers;
@@ -73,9 +73,9 @@ std::optional<host::DataSet> load(const Command &cmd, const Io &io, std::set<int
         fmt::print(io.err, "corvane: {}\n", *imbalance);
         loadedData = false;
     }
-    std::optional<host::DataSet> made;
+    std::optional<size_t> made;
     if (loadedData && host::dataSets().size() > before)
-        made = host::dataSets().back();
+        made = host::dataSets().size() - 1;
     host::quit();
     host::resetAddOns();
     return made;
@@ -97,36 +97,22 @@ nlohmann::json dataSetJson(const host::DataSet &set)
 int runCheck(const Command &cmd, const Io &io)
 {
     std::set<int> stopped;
-    auto made = load(cmd, io, stopped);
-    if (!made)
+    auto index = load(cmd, io, stopped);
+    if (!index)
         return exitFailure;
+    const host::DataSet &made = host::dataSets()[*index];
 
-    std::string text = cmd.instructions;
-    if (!cmd.setFile.empty()) {
-        auto read = readWholeFile(cmd.setFile);
-        if (!read) {
-            fmt::print(io.err, "corvane: cannot check: {}\n", read.error());
-            return exitFailure;
-        }
-        text = std::move(*read);
-    }
-    auto set = inspect::readInstructionSet(text);
-    if (!set) {
-        fmt::print(io.err, "corvane: cannot check: the instruction set does not read: {}\n",
-                   set.error());
-        return exitFailure;
-    }
-    auto report = inspect::checkFile(cmd.dataFile, cmd.dataFile, *set, stopped);
+    auto report = inspect::checkStoredLoad({cmd.dataFile, cmd.instructions}, stopped);
     if (!report) {
         fmt::print(io.err, "corvane: cannot check: {}\n", report.error());
         return exitFailure;
     }
     if (cmd.json) {
         nlohmann::json out = inspect::reportJson(*report);
-        out["dataSet"] = dataSetJson(*made);
+        out["dataSet"] = dataSetJson(made);
         fmt::print(io.out, "{}\n", out.dump(2));
     } else {
-        printSummary(io.out, std::span(&*made, 1));
+        printSummary(io.out, std::span(&made, 1));
         std::fputs(inspect::reportText(*report).c_str(), io.out);
     }
     return report->found() > 0 ? exitFound : exitSuccess;

@@ -159,7 +159,6 @@ std::variant<Command, ParseStop> finish(RawOptions &raw, CommandKind kind)
         if (raw.instructionSource == "--sniff") {
             cmd.sniff = true;
         } else if (raw.instructionSource == "--set") {
-            cmd.setFile = raw.setFile;
             cmd.instructions = fmt::format("CONFIGFNAME=\"{}\"", raw.setFile);
         } else if (raw.instructionSource == "--instructions") {
             cmd.instructions = raw.instructionText;

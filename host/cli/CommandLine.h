@@ -66,9 +66,7 @@ struct Command {
     /* sniff: where the set goes (-o; empty: standard output), the title. */
     std::string setOutput;
     std::optional<std::string> title;
-    /* check: the set's file (--set; empty: the instructions are the set's
-       text) and --json. */
-    std::string setFile;
+    /* check: --json. */
     bool json = false;
 };
 
