@@ -29,6 +29,13 @@ std::string upper(std::string_view text)
     return out;
 }
 
+/* What the loader's fields hold of a quoted text: a quoted text itself, a
+   title, keywords and markers, a variable name. */
+constexpr size_t textLimit = 1024;
+constexpr size_t titleLimit = 1023;
+constexpr size_t keywordLimit = 256;
+constexpr size_t nameLimit = 128;
+
 struct Token {
     enum Kind { end, number, string, word, open, close, equals, list, error } kind = end;
     std::string text;    /* word (upper case) or string */
@@ -119,6 +126,8 @@ private:
             if (pos_ >= text_.size())
                 break;
             char escaped = text_[pos_++];
+            if (escaped == '\n')
+                ++line_;
             if (escaped == '"' || escaped == '\\')
                 token.text += escaped;
             else if (escaped == ',')
@@ -132,6 +141,8 @@ private:
         }
         ++pos_;
         token.kind = Token::string;
+        if (token.text.size() > textLimit)
+            token.text.resize(textLimit); /* the loader cuts it there */
         return token;
     }
 
@@ -248,13 +259,15 @@ private:
         return std::nullopt;
     }
 
-    Failure assignString(std::string &out)
+    /* A quoted text into out, at most limit characters of it as the
+       loader's field holds. */
+    Failure assignString(std::string &out, size_t limit = keywordLimit)
     {
         if (auto failed = expect(Token::equals, "'='"))
             return failed;
         if (auto failed = expect(Token::string, "double quoted string"))
             return failed;
-        out = last_.text;
+        out = last_.text.substr(0, limit);
         return std::nullopt;
     }
 
@@ -388,7 +401,7 @@ private:
                 piece += ',';
                 ++i;
             } else if (i == text.size() || text[i] == ',') {
-                names.push_back(piece.substr(0, 128));
+                names.push_back(piece.substr(0, nameLimit));
                 piece.clear();
                 if (i == text.size())
                     return names;
@@ -460,7 +473,7 @@ private:
             if (key == "SEARCH")
                 return assignSearch(set.titleSearch);
             if (key == "NAME")
-                return assignString(set.titleName);
+                return assignString(set.titleName, titleLimit);
             if (key == "LINE")
                 return assignInt(set.titleLine);
             if (key == "KEYWORD")
@@ -480,7 +493,7 @@ private:
                 return assignSearch(set.namesSearch);
             if (key == "NAMES") {
                 std::string text;
-                if (auto failed = assignString(text))
+                if (auto failed = assignString(text, textLimit))
                     return failed;
                 set.names = splitNames(text);
                 if (set.names.empty())
@@ -607,7 +620,7 @@ private:
                 failed = assignInt(version);
             } else if (token.text == "FILEEXT" || token.text == "FILEDESC") {
                 std::string ignored;
-                failed = assignString(ignored);
+                failed = assignString(ignored, textLimit);
             } else if (token.text == "TITLE") {
                 failed = titleSection(set);
             } else if (token.text == "VARIABLES") {

@@ -148,9 +148,11 @@ std::optional<NamesLine> namesLine(const SniffPlan &plan, size_t count)
 std::vector<std::string> uniqueNames(std::vector<std::string> names)
 {
     std::set<std::string> seen;
-    for (size_t i = 0; i < names.size(); ++i)
+    for (size_t i = 0; i < names.size(); ++i) {
+        names[i].resize(std::min<size_t>(names[i].size(), 120)); /* a set's names hold 128 */
         if (!seen.insert(names[i]).second)
             names[i] += std::to_string(i + 1);
+    }
     return names;
 }
 

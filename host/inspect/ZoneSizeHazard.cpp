@@ -54,6 +54,8 @@ private:
     {
         for (size_t z = 0; z < summary.zones.size(); ++z) {
             const ZoneTrace &zone = summary.zones[z];
+            if (zone.lastLine == 0)
+                continue; /* no line to show: the load found no values */
             for (size_t v = 0; v < zone.valueCounts.size(); ++v) {
                 long long found = zone.valueCounts[v];
                 if (found >= summary.pointsPerZone)
