@@ -224,13 +224,5 @@ std::string rowsText(const std::vector<int> &numbers)
     return fmt::format("{} {}", numbers.size() == 1 ? "row" : "rows", lineList(numbers));
 }
 
-std::optional<size_t> SniffPlan::indexOf(int number) const
-{
-    auto found = std::lower_bound(layout.lines.begin(), layout.lines.end(), number,
-                                  [](const SniffLine &line, int n) { return line.number < n; });
-    if (found == layout.lines.end() || found->number != number)
-        return std::nullopt;
-    return static_cast<size_t>(found - layout.lines.begin());
-}
 
 } // namespace corvane::inspect

@@ -110,18 +110,5 @@ LineFit lineFit(const std::vector<Field> &fields)
     return fit;
 }
 
-const char *separatorName(Separator separator)
-{
-    switch (separator) {
-    case Separator::tab:
-        return "tab";
-    case Separator::semicolon:
-        return "semicolon";
-    case Separator::comma:
-        return "comma";
-    default:
-        return "blank";
-    }
-}
 
 } // namespace corvane::inspect

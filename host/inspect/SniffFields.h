@@ -54,9 +54,6 @@ struct LineFit {
 };
 LineFit lineFit(const std::vector<Field> &fields);
 
-/* "tab", "semicolon", "comma", "blank". */
-const char *separatorName(Separator separator);
-
 } // namespace corvane::inspect
 
 #endif

@@ -16,7 +16,7 @@ const char *const commentPrefixes[] = {"#", "%", "!", "//"};
 
 
 /* The prefix that starts the most lines, if any does. */
-std::pair<std::string, int> commentPrefix(const FileSample &sample)
+std::string commentPrefix(const FileSample &sample)
 {
     std::string best;
     int most = 0;
@@ -29,7 +29,7 @@ std::pair<std::string, int> commentPrefix(const FileSample &sample)
             most = count;
         }
     }
-    return {best, most};
+    return best;
 }
 
 /* A header line naming a value: a word, then a number ("ncols 4"). */
@@ -78,10 +78,9 @@ Separator chooseSeparator(const std::vector<SniffLine> &lines)
 
 class LayoutBuilder {
 public:
-    LayoutBuilder(const FileSample &sample, std::string marker, int commentLines)
+    LayoutBuilder(const FileSample &sample, std::string marker)
     {
         layout_.commentMarker = std::move(marker);
-        layout_.commentLines = commentLines;
         for (const SampleLine &line : sample.lines)
             layout_.lines.push_back(
                 {line.number, line.text, beforeMarker(line.text, layout_.commentMarker),
@@ -313,18 +312,17 @@ std::string upperCase(std::string_view text)
 
 Layout analyseLayout(const FileSample &sample)
 {
-    auto [marker, count] = commentPrefix(sample);
+    std::string marker = commentPrefix(sample);
     if (!marker.empty()) {
         /* Comment lines that introduce zones are kept: comments are then
            not cut. */
-        Layout kept = LayoutBuilder(sample, "", 0).take();
+        Layout kept = LayoutBuilder(sample, "").take();
         if (!kept.zoneKeyword.empty() && startsWithPrefix(kept.zoneKeyword, marker)) {
-            kept.commentLines = count;
             kept.commentPrefix = marker;
             return kept;
         }
     }
-    Layout layout = LayoutBuilder(sample, marker, count).take();
+    Layout layout = LayoutBuilder(sample, marker).take();
     layout.commentPrefix = marker;
     return layout;
 }
@@ -337,12 +335,5 @@ std::vector<size_t> dataRows(const Layout &layout)
     return rows;
 }
 
-int dataFields(const Layout &layout)
-{
-    std::vector<int> counts;
-    for (size_t row : dataRows(layout))
-        counts.push_back(static_cast<int>(layout.lines[row].fields.size()));
-    return mostCommon(counts);
-}
 
 } // namespace corvane::inspect

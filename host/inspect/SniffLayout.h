@@ -43,7 +43,6 @@ struct Layout {
     std::vector<SniffLine> lines;
     std::string commentMarker; /* "": none cut */
     std::string commentPrefix; /* the prefix that starts comment lines, cut or not */
-    int commentLines = 0;      /* lines starting with the prefix */
     Separator separator = Separator::blanks;
     std::vector<Block> blocks;
     /* The data: blocks[firstBlock..lastBlock]. */
@@ -58,8 +57,6 @@ Layout analyseLayout(const FileSample &sample);
 
 /* The rows of the data section (indices into lines), in order. */
 std::vector<size_t> dataRows(const Layout &layout);
-/* The most common number of fields among the data rows. */
-int dataFields(const Layout &layout);
 
 /* The value most of counts have; of equal ones, the first seen. */
 int mostCommon(const std::vector<int> &counts);

@@ -54,8 +54,6 @@ struct SniffPlan {
     const SniffLine &line(size_t index) const { return layout.lines[index]; }
     size_t firstRow() const { return rows.front(); }
     size_t lastRow() const { return rows.back(); }
-    /* The index of the line numbered number, if the sample holds it. */
-    std::optional<size_t> indexOf(int number) const;
     void note(std::string text) { notes.push_back("note: " + std::move(text)); }
     void unsure(std::string text) { notes.push_back("unsure: " + std::move(text)); }
 };
