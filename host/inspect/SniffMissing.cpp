@@ -116,6 +116,25 @@ bool commentsNotNeeded(const SniffPlan &plan)
     return true;
 }
 
+/* Whether leaving out the rows would leave no row in the data, or none in
+   a zone. */
+bool leavesBlockEmpty(const SniffPlan &plan, const Inside &inside)
+{
+    std::set<int> out(inside.lines.begin(), inside.lines.end());
+    auto emptied = [&](const std::vector<size_t> &rows) {
+        return std::all_of(rows.begin(), rows.end(),
+                           [&](size_t row) { return out.contains(plan.line(row).number); });
+    };
+    if (emptied(plan.rows))
+        return true;
+    if (plan.layout.zoneKeyword.empty())
+        return false;
+    for (size_t b = plan.layout.firstBlock; b <= plan.layout.lastBlock; ++b)
+        if (emptied(plan.layout.blocks[b].rows))
+            return true;
+    return false;
+}
+
 NumberList rangesOf(const std::vector<int> &lines)
 {
     NumberList ranges;
@@ -144,7 +163,7 @@ void keepPlaces(SniffPlan &plan, const Inside &inside)
     std::string rows = rowsText(inside.lines);
     const char *hold = inside.lines.size() == 1 ? "holds" : "hold";
     NumberList ranges = rangesOf(inside.lines);
-    if (ranges.size() <= 32) {
+    if (ranges.size() <= 32 && !leavesBlockEmpty(plan, inside)) {
         plan.set.rows = ranges;
         plan.unsure(fmt::format("{} {} missing values ({}) between values, after which the "
                                 "values would move left: left out (ROWS)",

@@ -30,7 +30,8 @@ private:
     {
         std::map<long long, size_t> sizes;
         for (const ZoneTrace &zone : zones)
-            ++sizes[zone.rows];
+            if (zone.firstLine != 0) /* a zone without lines fails the load itself */
+                ++sizes[zone.rows];
         long long common = 0;
         size_t most = 0;
         for (const auto &[rows, seen] : sizes) {
@@ -42,7 +43,7 @@ private:
         if (most * 2 <= zones.size())
             return;
         for (size_t z = 0; z < zones.size(); ++z) {
-            if (zones[z].rows != common)
+            if (zones[z].firstLine != 0 && zones[z].rows != common)
                 sink_.add({HazardKind::zoneSize, zones[z].firstLine, 0,
                            fmt::format("zone {} has {} point{} where the other zones have {}",
                                        z + 1, zones[z].rows, zones[z].rows == 1 ? "" : "s",
