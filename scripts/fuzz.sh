@@ -17,7 +17,7 @@ scripts/setup.sh clang libclang-rt-14-dev
 cmake --build --preset fuzz -j "$(nproc)"
 
 status=0
-for name in instructions numlist dataline load script request; do
+for name in instructions numlist dataline load script request sniff check; do
   work="build/fuzz/corpus/$name"
   findings="build/fuzz/findings/$name"
   mkdir -p "$work" "$findings"
@@ -25,7 +25,7 @@ for name in instructions numlist dataline load script request; do
            -artifact_prefix="$findings/")
   [ -n "${ORDALIS_FUZZ_SEED:-}" ] && options+=(-seed="$ORDALIS_FUZZ_SEED")
   case "$name" in
-    instructions|load) options+=(-dict=fuzz/dict/instructions.dict) ;;
+    instructions|load|check) options+=(-dict=fuzz/dict/instructions.dict) ;;
     script) options+=(-dict=fuzz/dict/script.dict) ;;
   esac
   inputs=("$work" "fuzz/corpus/$name")

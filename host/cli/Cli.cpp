@@ -12,43 +12,21 @@
 
 #include "AddOns.h"
 #include "BrowserRun.h"
+#include "CheckRun.h"
 #include "CommandLine.h"
 #include "ConsoleUi.h"
 #include "DataModel.h"
 #include "Faults.h"
 #include "Layout.h"
+#include "Replay.h"
 #include "Lock.h"
 #include "RunOutputs.h"
+#include "SniffRun.h"
 #include "TranscriptFile.h"
 #include "UiRun.h"
 
 namespace corvane::cli {
 namespace {
-
-/* Replays the loads in order, stopping at the first that fails. told
-   counts what the user was told or did so far (boxes shown, Cancel
-   pressed): a load that fails without either (the loader may fail
-   silently, for instance when the host had no memory for an argument list)
-   is reported here, so that no run fails without a word. */
-bool replayAll(const std::vector<host::LoaderInstructions> &loads,
-               const std::function<long()> &told, std::FILE *err)
-{
-    for (const auto &load : loads) {
-        long before = told();
-        auto result = host::replayLoad(load.loader, load.strings);
-        if (!result) {
-            fmt::print(err, "corvane: {}\n", result.error());
-            return false;
-        }
-        if (!*result) {
-            if (told() == before)
-                fmt::print(err, "corvane: the loader \"{}\" failed without a message\n",
-                           load.loader);
-            return false;
-        }
-    }
-    return true;
-}
 
 /* Loads or replays: the loader's replay callback, without dialogs. */
 int runCommand(const Command &cmd, const Io &io)
@@ -120,11 +98,16 @@ int run(const std::vector<std::string> &args, Io io)
         std::fputs(stop->err.c_str(), io.err);
         return stop->status;
     }
-    const Command &cmd = std::get<Command>(parsed);
+    Command &cmd = std::get<Command>(parsed);
+    if (cmd.kind == CommandKind::sniff)
+        return runSniff(cmd, io);
+    if (cmd.sniff && !useSniffedSet(cmd, io))
+        return exitFailure;
     host::resetLock();
     host::failHostAllocationFromEnvironment();
     int status = cmd.kind == CommandKind::ui        ? runUi(cmd, io)
                  : cmd.kind == CommandKind::browser ? server::runBrowser(cmd, io)
+                 : cmd.kind == CommandKind::check   ? runCheck(cmd, io)
                                                     : runCommand(cmd, io);
     host::reportHostAllocationsToEnvironment();
     std::fflush(io.out);

@@ -48,7 +48,11 @@ struct RawOptions {
     std::vector<std::string> scriptOnly;  /* options given that only a script run takes */
     std::vector<std::string> browserOnly; /* options given that only the browser takes */
     std::string instructionSource; /* the one given */
-    int setSources = 0; /* how many of --set, --instructions, --instructions-file */
+    int setSources = 0; /* how many of --set, --instructions, --instructions-file, --sniff */
+    bool sniff = false;
+    std::string setOutput;
+    std::optional<std::string> title;
+    bool json = false;
 };
 
 /* The two ways of running the dialogs and the script language, under
@@ -159,13 +163,27 @@ std::variant<Command, ParseStop> finish(RawOptions &raw, CommandKind kind)
     };
     Command cmd;
     cmd.kind = kind;
-    if (kind == CommandKind::load) {
-        if (raw.setSources == 0)
-            return stop("load needs one of --set, --instructions or --instructions-file");
-        if (raw.setSources > 1)
-            return stop("--set, --instructions and --instructions-file are mutually exclusive");
+    if (kind == CommandKind::sniff) {
         cmd.dataFile = raw.dataFile;
-        if (raw.instructionSource == "--set") {
+        cmd.setOutput = raw.setOutput;
+        cmd.title = raw.title;
+        return cmd;
+    }
+    if (kind == CommandKind::load || kind == CommandKind::check) {
+        bool load = kind == CommandKind::load;
+        if (raw.setSources == 0)
+            return stop(load ? "load needs one of --set, --instructions, --instructions-file or "
+                               "--sniff"
+                             : "check needs one of --set or --instructions");
+        if (raw.setSources > 1)
+            return stop(load ? "--set, --instructions, --instructions-file and --sniff are "
+                               "mutually exclusive"
+                             : "--set and --instructions are mutually exclusive");
+        cmd.dataFile = raw.dataFile;
+        cmd.json = raw.json;
+        if (raw.instructionSource == "--sniff") {
+            cmd.sniff = true;
+        } else if (raw.instructionSource == "--set") {
             cmd.instructions = fmt::format("CONFIGFNAME=\"{}\"", raw.setFile);
         } else if (raw.instructionSource == "--instructions") {
             cmd.instructions = raw.instructionText;
@@ -286,6 +304,44 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
     replay->add_option("LAYOUT", raw.layoutFile, "The layout file to replay")->required();
     addRunOptions(*replay, raw);
 
+    load->add_flag("--sniff", raw.sniff,
+                   "Load with the instruction set that corvane sniff proposes for DATAFILE");
+
+    auto *sniff = app.add_subcommand(
+        "sniff", "Propose an instruction set for DATAFILE and explain the role of each range of "
+                 "its lines");
+    sniff->add_option("DATAFILE", raw.dataFile, "The data file to look at")->required();
+    sniff->add_option("-o,--output", raw.setOutput,
+                      "Write the set to SET.twc and print the explanation (default: print the "
+                      "set, the explanation in its comments)")
+        ->type_name("SET.twc");
+    sniff->add_option("--title", raw.title,
+                      "The data set's title (default: the first line of text above the data, "
+                      "or the file's name)")
+        ->type_name("TEXT");
+    sniff->footer("The explanation: one line per range of lines and its role (\"lines 1-5   "
+                  "header text (kept as text)\"), then \"note:\" lines on choices made and "
+                  "\"unsure:\" lines on choices to look at. The set carries them as comments.");
+
+    auto *check = app.add_subcommand(
+        "check", "Load DATAFILE as load does, then report every place where the loaded numbers "
+                 "may differ from what the file means");
+    check->add_option("DATAFILE", raw.dataFile, "The data file to load and check")->required();
+    check->add_option("--set", raw.setFile, "Read the instruction set from FILE.twc")
+        ->type_name("FILE.twc");
+    check->add_option("--instructions", raw.instructionText,
+                      "The instruction set itself, in instruction-set text")
+        ->type_name("TEXT");
+    check->add_flag("--json", raw.json,
+                    "Print the report as JSON, with every place (default: a summary with the "
+                    "first five places of each kind)");
+    addAnswerOptions(*check, raw);
+    check->add_option("--addon", raw.addOnPath,
+                      "The loader add-on to use (default: the one beside corvane)")
+        ->type_name("PATH");
+    check->add_flag("-q,--quiet", raw.quiet, "Show no progress bar");
+    check->footer("Exit status: 0 nothing found, 3 places found, 1 the load failed, 2 usage.");
+
     auto *ui = app.add_subcommand(
         "ui", "Run the loader's dialogs in a web browser, served on 127.0.0.1 until Ctrl-C; or, "
               "with --script FILE, act in them as the script says");
@@ -304,10 +360,11 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
     ui->footer(scriptHelp);
 
     if (args.size() > 1 && !args[1].empty() && args[1][0] != '-' && args[1] != "load" &&
-        args[1] != "replay" && args[1] != "ui")
-        return ParseStop{
-            exitUsage, "",
-            usageMessage(fmt::format("unknown command \"{}\" (use load, replay or ui)", args[1]))};
+        args[1] != "replay" && args[1] != "ui" && args[1] != "sniff" && args[1] != "check")
+        return ParseStop{exitUsage, "",
+                         usageMessage(fmt::format(
+                             "unknown command \"{}\" (use load, replay, ui, sniff or check)",
+                             args[1]))};
     std::vector<const char *> argv;
     for (const auto &arg : args)
         argv.push_back(arg.c_str());
@@ -318,10 +375,13 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
         int status = app.exit(e, out, err);
         return ParseStop{status == 0 ? exitSuccess : exitUsage, out.str(), err.str()};
     }
-    for (const char *name : {"--set", "--instructions", "--instructions-file"}) {
-        if (load->get_option(name)->count() > 0) {
-            raw.instructionSource = name;
-            ++raw.setSources;
+    for (auto *cmd : {load, check}) {
+        for (const char *name : {"--set", "--instructions", "--instructions-file", "--sniff"}) {
+            auto *option = cmd->get_option_no_throw(name);
+            if (option != nullptr && option->count() > 0) {
+                raw.instructionSource = name;
+                ++raw.setSources;
+            }
         }
     }
     for (const char *name : {"--output", "--save-layout", "--quiet"})
@@ -332,6 +392,8 @@ std::variant<Command, ParseStop> parseCommandLine(const std::vector<std::string>
             raw.browserOnly.push_back(name);
     return finish(raw, load->parsed()     ? CommandKind::load
                        : replay->parsed() ? CommandKind::replay
+                       : sniff->parsed()  ? CommandKind::sniff
+                       : check->parsed()  ? CommandKind::check
                                           : CommandKind::ui);
 }
 

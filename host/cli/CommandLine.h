@@ -6,6 +6,8 @@
  *   corvane replay LAYOUT [options]
  *   corvane ui [DATAFILE] [--port N] [--no-open] [--addon PATH] [--transcript FILE]
  *   corvane ui --script FILE [options]
+ *   corvane sniff DATAFILE [-o SET.twc] [--title TEXT]
+ *   corvane check DATAFILE (--set FILE.twc | --instructions TEXT) [--json] [options]
  *
  * Parsing never runs anything: it turns the arguments into a Command, or
  * into the text and exit status to stop with (help, usage errors).
@@ -28,10 +30,11 @@ namespace corvane::cli {
 inline constexpr int exitSuccess = 0; /* every load succeeded */
 inline constexpr int exitFailure = 1; /* a load failed or was cancelled */
 inline constexpr int exitUsage = 2;   /* the command line or an input file is wrong */
+inline constexpr int exitFound = 3;   /* check: places where the load may be wrong */
 
 /* ui is the scripted dialog run, browser the browser front end (ui
    without --script). */
-enum class CommandKind { load, replay, ui, browser };
+enum class CommandKind { load, replay, ui, browser, sniff, check };
 enum class OutputFormat { json, csv };
 
 struct OutputSpec {
@@ -65,6 +68,14 @@ struct Command {
     std::optional<int> cancelAt;     /* --cancel-at PERCENT */
     std::string addOnPath;           /* --addon; empty: the default add-on */
     bool quiet = false;              /* -q/--quiet */
+
+    /* load --sniff: the instructions are the set sniff proposes. */
+    bool sniff = false;
+    /* sniff: where the set goes (-o; empty: standard output), the title. */
+    std::string setOutput;
+    std::optional<std::string> title;
+    /* check: --json. */
+    bool json = false;
 };
 
 /* Where parsing stops instead of running: the text for standard output

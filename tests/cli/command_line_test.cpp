@@ -91,9 +91,9 @@ TEST(CommandLine, UsageErrorsNameTheProblem)
 {
     const std::pair<std::vector<std::string>, std::string> cases[] = {
         {{}, "A subcommand is required"},
-        {{"load", "d.txt"}, "load needs one of --set, --instructions or --instructions-file"},
+        {{"load", "d.txt"}, "load needs one of --set, --instructions, --instructions-file or --sniff"},
         {{"load", "d.txt", "--set", "a.twc", "--instructions", "X"},
-         "--set, --instructions and --instructions-file are mutually exclusive"},
+         "--set, --instructions, --instructions-file and --sniff are mutually exclusive"},
         {{"load", "--set", "a.twc"}, "DATAFILE is required"},
         {{"load", "d.txt", "--set", "a.twc", "-o", "out.txt"},
          "--output: \"out.txt\" must end in .json or .csv"},
@@ -102,7 +102,7 @@ TEST(CommandLine, UsageErrorsNameTheProblem)
         {{"load", "d.txt", "--set", "a.twc", "--cancel-at", "101"},
          "--cancel-at: Value 101 not in range 0 to 100"},
         {{"load", "d.txt", "--set", "a.twc", "--yes", "--no"}, "--yes excludes --no"},
-        {{"unload"}, "unknown command \"unload\" (use load, replay or ui)"},
+        {{"unload"}, "unknown command \"unload\" (use load, replay, ui, sniff or check)"},
         {{"ui", "-o", "out.json"}, "--output is only for ui --script runs"},
         {{"ui", "-q"}, "--quiet is only for ui --script runs"},
         {{"ui", "--script", "s.txt", "--no-open"}, "--no-open is not for ui --script runs"},

@@ -1,0 +1,32 @@
+/*
+ * Replay.cpp - replaying stored loads in order.
+ */
+#include "Replay.h"
+
+#include <fmt/format.h>
+
+#include "AddOns.h"
+
+namespace corvane::cli {
+
+bool replayAll(const std::vector<host::LoaderInstructions> &loads,
+               const std::function<long()> &told, std::FILE *err)
+{
+    for (const auto &load : loads) {
+        long before = told();
+        auto result = host::replayLoad(load.loader, load.strings);
+        if (!result) {
+            fmt::print(err, "corvane: {}\n", result.error());
+            return false;
+        }
+        if (!*result) {
+            if (told() == before)
+                fmt::print(err, "corvane: the loader \"{}\" failed without a message\n",
+                           load.loader);
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace corvane::cli

@@ -1,0 +1,26 @@
+/*
+ * Replay.h - stored loads replayed through their loaders, in order, as a
+ * host replaying a layout does.
+ */
+#ifndef CORVANE_CLI_REPLAY_H
+#define CORVANE_CLI_REPLAY_H
+
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include "DataModel.h"
+
+namespace corvane::cli {
+
+/* Replays the loads in order, stopping at the first that fails. told
+   counts what the user was told or did so far (boxes shown, Cancel
+   pressed): a load that fails without either (the loader may fail
+   silently, for instance when the host had no memory for an argument list)
+   is reported here, so that no run fails without a word. */
+bool replayAll(const std::vector<host::LoaderInstructions> &loads,
+               const std::function<long()> &told, std::FILE *err);
+
+} // namespace corvane::cli
+
+#endif
