@@ -3,7 +3,6 @@
  */
 #include "CheckRun.h"
 
-#include <charconv>
 #include <memory>
 #include <set>
 #include <span>
@@ -21,22 +20,6 @@
 namespace corvane::cli {
 namespace {
 
-constexpr std::string_view malformedQuestion =
-    "Possible malformed numeric data values were found on line ";
-
-/* The line of a question about a malformed value answered No, if the
-   event is one. */
-std::optional<int> stoppedLine(const host::UiEvent &event)
-{
-    if (event.kind != host::UiEvent::Kind::message || event.answer != "no" ||
-        !event.text.starts_with(malformedQuestion))
-        return std::nullopt;
-    const char *digits = event.text.data() + malformedQuestion.size();
-    int line = 0;
-    auto [end, error] = std::from_chars(digits, event.text.data() + event.text.size(), line);
-    return error == std::errc() ? std::optional<int>(line) : std::nullopt;
-}
-
 /* The load as corvane load makes it; the index of its data set among the
    host's, or nothing after the loader's messages. stopped: lines whose
    question was answered No. */
@@ -53,7 +36,7 @@ std::optional<size_t> load(const Command &cmd, const Io &io, std::set<int> &stop
     options.onEvent = [&boxes, &stopped](const host::UiEvent &event) {
         if (event.kind == host::UiEvent::Kind::error || event.kind == host::UiEvent::Kind::message)
             ++boxes;
-        if (auto line = stoppedLine(event))
+        if (auto line = inspect::stoppedLine(event))
             stopped.insert(*line);
     };
     auto console = std::make_shared<host::ConsoleUi>(std::move(options));

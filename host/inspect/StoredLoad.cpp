@@ -4,6 +4,7 @@
 #include "StoredLoad.h"
 
 #include <cctype>
+#include <charconv>
 #include <fstream>
 #include <sstream>
 
@@ -73,6 +74,22 @@ host::Expected<CheckReport> checkStoredLoad(const std::vector<std::string> &stri
     if (!set)
         return host::unexpected("the instruction set does not read: " + set.error());
     return checkFile(strings[0], strings[0], *set, stoppedLines);
+}
+
+namespace {
+constexpr std::string_view malformedQuestion =
+    "Possible malformed numeric data values were found on line ";
+}
+
+std::optional<int> stoppedLine(const host::UiEvent &event)
+{
+    if (event.kind != host::UiEvent::Kind::message || event.answer != "no" ||
+        !event.text.starts_with(malformedQuestion))
+        return std::nullopt;
+    const char *digits = event.text.data() + malformedQuestion.size();
+    int line = 0;
+    auto [end, error] = std::from_chars(digits, event.text.data() + event.text.size(), line);
+    return error == std::errc() ? std::optional<int>(line) : std::nullopt;
 }
 
 } // namespace corvane::inspect

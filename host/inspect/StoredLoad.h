@@ -7,12 +7,14 @@
 #ifndef CORVANE_INSPECT_STOREDLOAD_H
 #define CORVANE_INSPECT_STOREDLOAD_H
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "CheckReport.h"
 #include "Expected.h"
+#include "Transcript.h"
 
 namespace corvane::inspect {
 
@@ -26,6 +28,11 @@ host::Expected<std::string> instructionText(const std::string &instructions);
    set that does not read, a data file that cannot be read. */
 host::Expected<CheckReport> checkStoredLoad(const std::vector<std::string> &strings,
                                             const std::set<int> &stoppedLines = {});
+
+/* The line of the loader's question about a malformed value when the event
+   is that question answered No (the load stopped taking values there), for
+   the stoppedLines of a check. */
+std::optional<int> stoppedLine(const host::UiEvent &event);
 
 } // namespace corvane::inspect
 

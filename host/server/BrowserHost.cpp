@@ -11,6 +11,7 @@
 #include "DataModel.h"
 #include "Gui.h"
 #include "HostShutdown.h"
+#include "StoredLoad.h"
 #include "Token.h"
 
 namespace corvane::server {
@@ -32,7 +33,7 @@ BrowserHost::BrowserHost(HostOptions options)
       boxes_(std::make_shared<BrowserUi>(
           thread_, BrowserUi::Hooks{[this] { publisher_.publish(); },
                                     [this](const std::string &url) { hub_->sendHelp(url); },
-                                    options_.transcript})),
+                                    [this](const host::UiEvent &event) { noteBox(event); }})),
       publisher_(*hub_, *boxes_),
       menu_(options_.dataFile)
 {
@@ -92,9 +93,28 @@ std::string BrowserHost::url() const
 bool BrowserHost::onUiThread(UiThread::Kind kind, const std::function<void()> &task)
 {
     return thread_.run(kind, [&] {
+        std::size_t setsBefore = host::finishedDataSets().size();
         task();
+        if (kind == UiThread::Kind::action)
+            keepStoppedLines(setsBefore);
         publisher_.publish();
     });
+}
+
+void BrowserHost::noteBox(const host::UiEvent &event)
+{
+    if (auto line = inspect::stoppedLine(event))
+        stoppedPending_.insert(*line);
+    if (options_.transcript)
+        options_.transcript(event);
+}
+
+void BrowserHost::keepStoppedLines(std::size_t setsBefore)
+{
+    std::size_t sets = host::finishedDataSets().size();
+    if (sets > setsBefore)
+        stoppedBySet_[sets - 1] = std::move(stoppedPending_);
+    stoppedPending_.clear();
 }
 
 Response BrowserHost::handle(const Request &request)

@@ -20,7 +20,9 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "BrowserUi.h"
@@ -81,6 +83,13 @@ private:
     Response files(const Request &request) const;
     Response dataSet(const Request &request, std::string_view rest);
     Response layout(const Request &request);
+    Response checkDataSet(std::size_t index);
+    /* Records what check needs of the boxes of a load (lines where the
+       user stopped taking malformed values), then passes the event on to
+       the transcript. */
+    void noteBox(const host::UiEvent &event);
+    /* After an action: the stopped lines go to the data set it made. */
+    void keepStoppedLines(std::size_t setsBefore);
 
     HostOptions options_;
     Guard guard_;
@@ -92,6 +101,10 @@ private:
     LoaderMenu menu_;
     /* The backend the host had before: put back at the end. */
     std::shared_ptr<host::UserInterface> previousUi_;
+    /* Lines stopped in the load under way, and those of each data set the
+       run made, by index; touched on the user-interface thread only. */
+    std::set<int> stoppedPending_;
+    std::map<std::size_t, std::set<int>> stoppedBySet_;
     std::atomic<bool> serving_ = true;
     bool finished_ = false;
 };

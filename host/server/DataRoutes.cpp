@@ -13,7 +13,9 @@
 #include "BrowserHost.h"
 #include "DataExport.h"
 #include "PlotData.h"
+#include "CheckReport.h"
 #include "RunOutputs.h"
+#include "StoredLoad.h"
 #include "TableRows.h"
 
 namespace corvane::server {
@@ -45,7 +47,10 @@ host::Expected<std::size_t> queryNumber(const Request &request, const char *name
     return std::min(*value, high);
 }
 
-enum class DataView { table, plot, csv, json };
+enum class DataView { table, plot, csv, json, check };
+
+/* The loader whose instruction sets check reads. */
+constexpr std::string_view checkedLoader = "Ordalis Loader";
 
 std::optional<DataView> viewNamed(std::string_view name)
 {
@@ -57,6 +62,8 @@ std::optional<DataView> viewNamed(std::string_view name)
         return DataView::csv;
     if (name == "export.json")
         return DataView::json;
+    if (name == "check")
+        return DataView::check;
     return std::nullopt;
 }
 
@@ -69,6 +76,8 @@ Response BrowserHost::dataSet(const Request &request, std::string_view rest)
     auto view = slash == std::string_view::npos ? std::nullopt : viewNamed(rest.substr(slash + 1));
     if (!index || !view)
         return errorResponse(404, fmt::format("no such page: {}", request.path));
+    if (*view == DataView::check)
+        return checkDataSet(*index);
     auto zone = queryNumber(request, "zone", 1, 1, std::numeric_limits<std::size_t>::max());
     auto rows = queryNumber(request, "rows", 100, 0, 1000);
     auto width = queryNumber(request, "width", 1000, 1, 10000);
@@ -98,6 +107,8 @@ Response BrowserHost::dataSet(const Request &request, std::string_view rest)
             response = textResponse(200, encodePlot(plotSeries(set, chosen, *width, *height)),
                                     "application/octet-stream");
             break;
+        case DataView::check:
+            break;
         case DataView::csv:
         case DataView::json: {
             auto format = *view == DataView::csv ? cli::OutputFormat::csv : cli::OutputFormat::json;
@@ -112,6 +123,42 @@ Response BrowserHost::dataSet(const Request &request, std::string_view rest)
         }
     });
     return ran ? response : stoppingResponse();
+}
+
+/* The stored load is copied on the user-interface thread; the file is read
+   and checked outside it, so the dialogs stay responsive meanwhile. */
+Response BrowserHost::checkDataSet(std::size_t index)
+{
+    std::optional<Response> refused;
+    std::vector<std::string> strings;
+    std::set<int> stopped;
+    bool ran = onUiThread(UiThread::Kind::read, [&] {
+        auto sets = host::finishedDataSets();
+        if (index >= sets.size()) {
+            refused = errorResponse(404, fmt::format("there is no data set {}", index));
+            return;
+        }
+        const host::DataSet &set = sets[index];
+        if (!set.loaderInstructions || set.loaderInstructions->loader != checkedLoader) {
+            refused = errorResponse(
+                409, fmt::format("data set {} was not loaded by the {}: there is nothing to check",
+                                 index, checkedLoader));
+            return;
+        }
+        strings = set.loaderInstructions->strings;
+        if (auto kept = stoppedBySet_.find(index); kept != stoppedBySet_.end())
+            stopped = kept->second;
+    });
+    if (!ran)
+        return stoppingResponse();
+    if (refused)
+        return *refused;
+    auto report = inspect::checkStoredLoad(strings, stopped);
+    if (!report)
+        return errorResponse(409, fmt::format("cannot check: {}", report.error()));
+    nlohmann::json body = inspect::reportJson(*report);
+    body["text"] = inspect::reportText(*report);
+    return jsonResponse(200, body);
 }
 
 Response BrowserHost::layout(const Request &request)

@@ -108,8 +108,13 @@ protected:
        page); the future holds the action's answer. */
     std::future<std::pair<int, json>> pressLater(int button)
     {
+        return actLater({{"type", "press"}, {"control", button}});
+    }
+    /* An action that waits for boxes, sent from another thread. */
+    std::future<std::pair<int, json>> actLater(json action)
+    {
         return std::async(std::launch::async,
-                          [this, button] { return act({{"type", "press"}, {"control", button}}); });
+                          [this, action = std::move(action)] { return act(action); });
     }
 
     /* The top dialog's control with that caption, else with that label. */

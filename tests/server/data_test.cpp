@@ -104,6 +104,8 @@ TEST_F(ServerTest, TableRowsAreTheFirstPoints)
 {
     startHost();
     loadValues("title=T;x=1,2,3,4;y=0.5,nan,inf,-2");
+    EXPECT_EQ(get("/api/datasets/0/check").body,
+              R"({"error":"data set 0 was not loaded by the Ordalis Loader: there is nothing to check"})");
     EXPECT_EQ(get("/api/datasets/0/table").body,
               R"({"variables":["x","y"],"rows":[[1.0,0.5],[2.0,null],[3.0,null],[4.0,-2.0]]})");
     EXPECT_EQ(get("/api/datasets/0/table?rows=2&zone=1").body,
@@ -125,6 +127,8 @@ TEST_F(ServerTest, ExportsAndTheLayoutAreThoseOfTheCommandLine)
     ASSERT_EQ(act({{"type", "select"}, {"control", list}, {"items", {2}}}).first, 200);
     ASSERT_EQ(act({{"type", "dialogButton"}, {"dialog", topDialog()}, {"button", "ok"}}).first, 200);
     ASSERT_EQ(state()["dataSets"].size(), 1u);
+    EXPECT_EQ(json::parse(get("/api/datasets/0/check").body)["text"],
+              data + ": nothing found where the loaded numbers may differ from the file\n");
 
     Response csv = get("/api/datasets/0/export.csv");
     Response exported = get("/api/datasets/0/export.json");
@@ -164,5 +168,56 @@ TEST_F(ServerTest, ExportsAndTheLayoutAreThoseOfTheCommandLine)
     replayed.erase("plotType");
     replayed.erase("loaderInstructions");
     EXPECT_EQ(replayed, fromCommand);
+    ::unsetenv("ORDALIS_DIR");
+}
+
+/* The page shows the check of each load: the report corvane check prints,
+   with the lines where the user stopped taking malformed values. */
+TEST_F(ServerTest, TheCheckOfALoadIsTheReportOfCorvaneCheck)
+{
+    testfiles::ScratchDir scratch;
+    fs::path library = scratch / "library";
+    fs::create_directory(library);
+    testfiles::writeFile(library / "asked.twc",
+                         "#!CORVANE_TABWISE\nVARIABLES { SEARCH = LINE STARTLINE = 1 ENDLINE = 1 } DATA { "
+                         "IGNORENONNUMERICTOKENS = FALSE IMPORT { STARTID = FIRSTNUMERICLINE { } "
+                         "ENDID = EOF { } } } GLOBALFILTERS { BLANKCELLVALUE = -999 }");
+    fs::path data = scratch / "asked.txt";
+    testfiles::writeFile(data, "a b c\n1 2 3\n4 x 6\n7 y 9\n");
+    ::setenv("ORDALIS_DIR", library.c_str(), 1);
+    startHost(corvane::host::defaultAddOnPath(), data.string());
+    openDialog("Ordalis Loader");
+    ASSERT_EQ(act({{"type", "select"}, {"control", control("Config Files:")}, {"items", {2}}}).first,
+              200);
+    auto pressed = actLater({{"type", "dialogButton"}, {"dialog", topDialog()}, {"button", "ok"}});
+    /* The dialog's load asks about lines 3 and 4 in its scan, and again in
+       the loader's: No for line 3 (stop there), Yes for line 4. */
+    const std::string asks = "Possible malformed numeric data values were found on line ";
+    std::vector<std::string> asked;
+    while (pressed.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready) {
+        json box = state()["box"];
+        if (box.is_null())
+            continue;
+        std::string text = box["text"].get<std::string>();
+        std::string line = text.starts_with(asks) ? text.substr(asks.size(), 1) : text;
+        asked.push_back(line);
+        post("/api/box", {{"id", box["id"]}, {"answer", line != "3"}});
+    }
+    EXPECT_EQ(asked, (std::vector<std::string>{"3", "4", "3", "4"}));
+    ASSERT_EQ(pressed.get().first, 200);
+    ASSERT_EQ(state()["dataSets"].size(), 1u);
+
+    json report = json::parse(get("/api/datasets/0/check").body);
+    EXPECT_EQ(report["found"], 4);
+    EXPECT_EQ(report["text"],
+              data.string() + ": 4 places where the loaded numbers may differ from the file\n"
+              "tokens that are not numbers: 2\n"
+              "  line 3, column 3: \"x\" is not a number: dropped; the rest of the line was not "
+              "read (the question about it was answered No)\n"
+              "  line 4, column 3: \"y\" is not a number: dropped; the value after it moved left\n"
+              "rows with fewer or more values than variables: 2\n"
+              "  line 3: 1 value for 3 variables: variables 2-3 got the blank value -999\n"
+              "  line 4: 2 values for 3 variables: variable 3 got the blank value -999\n");
+    EXPECT_EQ(report["places"].size(), 4u);
     ::unsetenv("ORDALIS_DIR");
 }

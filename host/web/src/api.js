@@ -1,5 +1,5 @@
 // The server's HTTP interface as functions: actions, box answers, folders
-// of the file chooser, data-set tables and plots, layouts.
+// of the file chooser, data-set tables, plots and checks, layouts.
 
 // The error a refused request carries ({"error": ...}), as an Error.
 async function failure(response) {
@@ -54,5 +54,9 @@ export async function plotData(index, zone, width, height) {
   if (!response.ok) throw await failure(response);
   return response.arrayBuffer();
 }
+
+// Where the loaded numbers may differ from what the file means: the check
+// report of the data set's load ({"found", "kinds", "places", "text"}).
+export const checkReport = (index) => getJson(`/api/datasets/${index}/check`);
 
 export const exportUrl = (index, format) => `/api/datasets/${index}/export.${format}`;

@@ -1,8 +1,9 @@
 // The data view below the menu: the data sets loaded so far; for the one
 // picked, its title, variables, zones and their sizes, a plot by its plot
-// type, a table of the first rows, the exports and the layout.
+// type, a table of the first rows, the check of the load, the exports and
+// the layout.
 import { h, clear } from './dom.js';
-import { dataTable, exportUrl, plotData, saveLayout } from './api.js';
+import { checkReport, dataTable, exportUrl, plotData, saveLayout } from './api.js';
 import { parsePlot } from './plots/plotdata.js';
 import { drawPlot } from './plots/index.js';
 
@@ -67,6 +68,7 @@ export class DataView {
         h('thead', {}, h('tr', {}, ['Zone', 'Size', 'Points'].map((t) => h('th', {}, t)))),
         h('tbody', {}, set.zones.map((zone) => h('tr', {},
           h('td', {}, zone.name), h('td', {}, zoneSize(zone)), h('td', {}, String(zone.points)))))),
+      this.checkView(set),
       this.exports(set),
       h('div', { class: 'plot-head' },
         h('h3', {}, `Plot: ${PLOT_NAMES[set.plotType] ?? PLOT_NAMES[3]}`), zonePick),
@@ -75,6 +77,23 @@ export class DataView {
       tableBox);
     queueMicrotask(showZone);
     return view;
+  }
+
+  // The check of the load, the summary as corvane check prints it: the
+  // count, then per kind found its count and first places.
+  checkView(set) {
+    const status = h('p', { class: 'check-result', role: 'status' }, 'Checking the load...');
+    const box = h('section', { class: 'check', 'aria-label': 'Check' }, h('h3', {}, 'Check'), status);
+    box.dataset.state = 'checking';
+    checkReport(set.index).then((report) => {
+      status.remove();
+      box.append(h('pre', { class: 'check-report' }, report.text));
+      box.dataset.state = report.found === 0 ? 'clean' : 'found';
+    }, (error) => {
+      status.textContent = `No check: ${error.message}`;
+      box.dataset.state = 'failed';
+    });
+    return box;
   }
 
   exports(set) {

@@ -263,6 +263,10 @@ test('a file loaded through the dialogs, shown, exported and kept in a layout', 
   await eventually(async () => assert.deepEqual(await view.locator('table.rows tr').evaluateAll(
     (rows) => rows.map((r) => [...r.cells].map((c) => c.textContent).join(' '))),
   ['time temperature', '0 95.5', '60 81.25', '120 70', '180 61.75', '240 55.5']));
+  // The check of the load, as corvane check prints it.
+  await eventually(async () => assert.equal(await view.locator('.check').getAttribute('data-state'), 'clean'));
+  assert.equal(await view.locator('.check-report').textContent(),
+    `${dataFile}: nothing found where the loaded numbers may differ from the file\n`);
   await shoot(view.locator('.dataset'), 'plot');
 
   // The CSV export is what corvane load writes for the same file and set.
