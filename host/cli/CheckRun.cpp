@@ -25,13 +25,7 @@ namespace {
    question was answered No. */
 std::optional<size_t> load(const Command &cmd, const Io &io, std::set<int> &stopped)
 {
-    host::ConsoleOptions options;
-    options.answers = cmd.answers;
-    options.policy = cmd.policy;
-    options.cancelAt = cmd.cancelAt;
-    options.quiet = cmd.quiet;
-    options.in = io.in;
-    options.err = io.err;
+    host::ConsoleOptions options = consoleOptions(cmd, io);
     long boxes = 0;
     options.onEvent = [&boxes, &stopped](const host::UiEvent &event) {
         if (event.kind == host::UiEvent::Kind::error || event.kind == host::UiEvent::Kind::message)

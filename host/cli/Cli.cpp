@@ -49,13 +49,7 @@ int runCommand(const Command &cmd, const Io &io)
         return exitUsage;
     }
 
-    host::ConsoleOptions options;
-    options.answers = cmd.answers;
-    options.policy = cmd.policy;
-    options.cancelAt = cmd.cancelAt;
-    options.quiet = cmd.quiet;
-    options.in = io.in;
-    options.err = io.err;
+    host::ConsoleOptions options = consoleOptions(cmd, io);
     long boxes = 0; /* error and message boxes shown */
     options.onEvent = [&boxes, write = transcript->writer()](const host::UiEvent &event) {
         if (event.kind == host::UiEvent::Kind::error || event.kind == host::UiEvent::Kind::message)

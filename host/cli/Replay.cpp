@@ -29,4 +29,16 @@ bool replayAll(const std::vector<host::LoaderInstructions> &loads,
     return true;
 }
 
+host::ConsoleOptions consoleOptions(const Command &cmd, const Io &io)
+{
+    host::ConsoleOptions options;
+    options.answers = cmd.answers;
+    options.policy = cmd.policy;
+    options.cancelAt = cmd.cancelAt;
+    options.quiet = cmd.quiet;
+    options.in = io.in;
+    options.err = io.err;
+    return options;
+}
+
 } // namespace corvane::cli

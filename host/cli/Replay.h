@@ -9,6 +9,9 @@
 #include <functional>
 #include <vector>
 
+#include "Cli.h"
+#include "CommandLine.h"
+#include "ConsoleUi.h"
 #include "DataModel.h"
 
 namespace corvane::cli {
@@ -20,6 +23,11 @@ namespace corvane::cli {
    is reported here, so that no run fails without a word. */
 bool replayAll(const std::vector<host::LoaderInstructions> &loads,
                const std::function<long()> &told, std::FILE *err);
+
+/* The console's options for a run of cmd: its answers, answer policy,
+   cancel point and quietness, on the run's streams; onEvent is left to
+   the caller. */
+host::ConsoleOptions consoleOptions(const Command &cmd, const Io &io);
 
 } // namespace corvane::cli
 
