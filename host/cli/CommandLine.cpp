@@ -5,14 +5,14 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
+
+#include "InputFile.h"
 
 namespace corvane::cli {
 namespace {
@@ -124,15 +124,12 @@ void addRunOptions(CLI::App &cmd, RawOptions &raw, bool answerOptions = true)
 
 host::Expected<std::string> readWholeFile(const std::string &path)
 {
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec))
-        return host::unexpected(fmt::format("{}: is a directory", path));
-    std::ifstream in(path, std::ios::binary);
+    auto in = host::openInputFile(path);
     if (!in)
-        return host::unexpected(fmt::format("{}: {}", path, std::strerror(errno)));
+        return host::unexpected(in.error());
     std::ostringstream text;
-    text << in.rdbuf();
-    if (in.bad())
+    text << in->rdbuf();
+    if (in->bad())
         return host::unexpected(fmt::format("{}: read error", path));
     return text.str();
 }
@@ -144,13 +141,11 @@ namespace {
 host::Expected<void> checkReadable(const std::string &path)
 {
     std::error_code ec;
-    if (std::filesystem::is_directory(path, ec))
-        return host::unexpected(fmt::format("{}: is a directory", path));
-    if (std::filesystem::exists(path, ec) && !std::filesystem::is_regular_file(path, ec))
+    if (!std::filesystem::is_directory(path, ec) && std::filesystem::exists(path, ec) &&
+        !std::filesystem::is_regular_file(path, ec))
         return host::unexpected(fmt::format("{}: is not a plain file", path));
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return host::unexpected(fmt::format("{}: {}", path, std::strerror(errno)));
+    if (auto in = host::openInputFile(path); !in)
+        return host::unexpected(in.error());
     return {};
 }
 

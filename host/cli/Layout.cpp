@@ -3,14 +3,14 @@
  */
 #include "Layout.h"
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
+
+#include "InputFile.h"
 
 namespace corvane::cli {
 
@@ -65,13 +65,10 @@ host::Expected<std::vector<host::LoaderInstructions>> parseLayout(std::string_vi
 
 host::Expected<std::vector<host::LoaderInstructions>> readLayout(const std::string &path)
 {
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec))
-        return host::unexpected(fmt::format("cannot read layout {}: is a directory", path));
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return host::unexpected(
-            fmt::format("cannot read layout {}: {}", path, std::strerror(errno)));
+    auto opened = host::openInputFile(path);
+    if (!opened)
+        return host::unexpected("cannot read layout " + opened.error());
+    std::ifstream &in = *opened;
     std::ostringstream text;
     text << in.rdbuf();
     auto loads = parseLayout(text.str());

@@ -3,26 +3,23 @@
  */
 #include "FileSample.h"
 
-#include <cerrno>
-#include <cstring>
 #include <deque>
 #include <filesystem>
 #include <fstream>
 
 #include <fmt/format.h>
 
+#include "InputFile.h"
 #include "TextLines.h"
 
 namespace corvane::inspect {
 
 host::Expected<FileSample> sampleFile(const std::string &path, size_t headBytes, size_t tailLines)
 {
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec))
-        return host::unexpected(fmt::format("{}: is a directory", path));
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return host::unexpected(fmt::format("{}: {}", path, std::strerror(errno)));
+    auto opened = host::openInputFile(path);
+    if (!opened)
+        return host::unexpected(opened.error());
+    std::ifstream &in = *opened;
 
     FileSample sample;
     sample.name = std::filesystem::path(path).filename().string();
