@@ -36,12 +36,8 @@ std::optional<size_t> load(const Command &cmd, const Io &io, std::set<int> &stop
     auto console = std::make_shared<host::ConsoleUi>(std::move(options));
     host::ScopedUserInterface ui(console);
 
-    std::string addOnPath = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
-    if (auto loaded = host::loadAddOn(addOnPath); !loaded) {
-        fmt::print(io.err, "corvane: {}\n", loaded.error());
-        host::resetAddOns();
+    if (!loadCommandAddOn(cmd, io))
         return std::nullopt;
-    }
     size_t before = host::dataSets().size();
     auto told = [&boxes, &console] { return boxes + console->cancelsPressed(); };
     bool loadedData = replayAll({{"Ordalis Loader", {cmd.dataFile, cmd.instructions}}}, told,

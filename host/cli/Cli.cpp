@@ -60,12 +60,8 @@ int runCommand(const Command &cmd, const Io &io)
     auto console = std::make_shared<host::ConsoleUi>(std::move(options));
     host::ScopedUserInterface ui(console);
 
-    std::string addOnPath = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
-    if (auto loaded = host::loadAddOn(addOnPath); !loaded) {
-        fmt::print(io.err, "corvane: {}\n", loaded.error());
-        host::resetAddOns();
+    if (!loadCommandAddOn(cmd, io))
         return exitFailure;
-    }
 
     size_t before = host::dataSets().size();
     auto told = [&boxes, &console] { return boxes + console->cancelsPressed(); };

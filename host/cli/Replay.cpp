@@ -41,4 +41,15 @@ host::ConsoleOptions consoleOptions(const Command &cmd, const Io &io)
     return options;
 }
 
+bool loadCommandAddOn(const Command &cmd, const Io &io)
+{
+    std::string path = cmd.addOnPath.empty() ? host::defaultAddOnPath() : cmd.addOnPath;
+    if (auto loaded = host::loadAddOn(path); !loaded) {
+        fmt::print(io.err, "corvane: {}\n", loaded.error());
+        host::resetAddOns();
+        return false;
+    }
+    return true;
+}
+
 } // namespace corvane::cli

@@ -29,6 +29,10 @@ bool replayAll(const std::vector<host::LoaderInstructions> &loads,
    the caller. */
 host::ConsoleOptions consoleOptions(const Command &cmd, const Io &io);
 
+/* Loads the add-on cmd names (by default the one beside the host library);
+   false after saying why on io.err, with the host's add-ons reset. */
+bool loadCommandAddOn(const Command &cmd, const Io &io);
+
 } // namespace corvane::cli
 
 #endif
