@@ -9,9 +9,13 @@ given size and kind is the same on every machine and every run.
 
     generate.py [--dir DIR] [--sizes 100M,1G]
 
-writes DIR/instrument-<size>.txt (columns right-aligned, separated by
-blanks) and DIR/instrument-<size>.csv (comma-separated), each of at least
-<size> bytes (M = MiB, G = GiB), and prints the paths of the files.
+writes, each of at least <size> bytes (M = MiB, G = GiB), and prints the
+paths of the files:
+- DIR/instrument-<size>.txt: columns right-aligned in 15 characters,
+  separated by blanks, in %.6f and %.6e;
+- DIR/instrument-<size>.csv: the same values, comma-separated;
+- DIR/instrument-<size>-mixed.txt: values of mixed widths separated by one
+  blank, in %.10e and %.6f.
 """
 
 import argparse
@@ -22,8 +26,12 @@ import sys
 
 NAMES = ("time", "pressure", "temperature", "flow",
          "voltage", "current", "strain", "acceleration")
-# Per column: 'f' for %.6f, 'e' for %.6e.
+# Per column: 'f' for %.6f, 'e' for %.6e (%.10e in the mixed shape).
 KINDS = "fefefeef"
+MIXED_KINDS = "feefeefe"
+# The file shapes: name suffix, and whether values are comma-separated,
+# right-aligned in FIELD_WIDTH, or of mixed widths.
+SHAPES = ((".txt", "aligned"), (".csv", "comma"), ("-mixed.txt", "mixed"))
 FIELD_WIDTH = 15
 SEED = 20240611
 ROWS_PER_CHUNK = 20000
@@ -38,17 +46,21 @@ def parse_size(text):
     return int(text)
 
 
-def row_format(delimited):
-    """Returns the %-format of one data line for the comma or blank layout."""
-    if delimited:
+def row_format(shape):
+    """Returns the %-format of one data line of a shape."""
+    if shape == "comma":
         return ",".join("%.6" + k for k in KINDS) + "\n"
+    if shape == "mixed":
+        return " ".join("%.10e" if k == "e" else "%.6f" for k in MIXED_KINDS) + "\n"
     return "".join("%" + str(FIELD_WIDTH) + ".6" + k for k in KINDS) + "\n"
 
 
-def header(delimited):
+def header(shape):
     """Returns the line of variable names that opens a file."""
-    if delimited:
+    if shape == "comma":
         return ",".join(NAMES) + "\n"
+    if shape == "mixed":
+        return " ".join(NAMES) + "\n"
     return "".join(n.rjust(FIELD_WIDTH) for n in NAMES) + "\n"
 
 
@@ -72,17 +84,17 @@ def rows(rng):
         )
 
 
-def write_file(path, size, delimited):
+def write_file(path, size, shape):
     """Writes rows to path until it holds at least size bytes.
 
     The file is written under a temporary name and renamed at the end, so an
     interrupted run never leaves a truncated file that looks finished."""
-    fmt = row_format(delimited)
+    fmt = row_format(shape)
     source = rows(random.Random(SEED))
     tmp = path + ".part"
     written = 0
     with open(tmp, "w", encoding="ascii", newline="\n") as out:
-        text = header(delimited)
+        text = header(shape)
         out.write(text)
         written += len(text)
         while written < size:
@@ -106,11 +118,11 @@ def main():
     os.makedirs(args.dir, exist_ok=True)
     for label in [s.strip() for s in args.sizes.split(",") if s.strip()]:
         size = parse_size(label)
-        for ext, delimited in ((".txt", False), (".csv", True)):
-            path = os.path.join(args.dir, "instrument-" + label + ext)
+        for suffix, shape in SHAPES:
+            path = os.path.join(args.dir, "instrument-" + label + suffix)
             if not os.path.exists(path):
                 print("generating " + path, file=sys.stderr)
-                write_file(path, size, delimited)
+                write_file(path, size, shape)
             print(path)
 
 

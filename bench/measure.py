@@ -4,15 +4,16 @@
     measure.py --corvane BIN --sets DIR [--repeat N] [--markdown OUT] FILE...
 
 For each file (warmed once with `cat FILE > /dev/null`, caches otherwise left
-alone) every tool runs N times as a child process: `wc -l` (the floor: one
-pass over the bytes), `corvane load FILE --set SET -q --no` (scan and
-transfer into the host, no output file), pandas read_csv (C engine), numpy
-loadtxt and data.table fread on one thread. A tool's time is the best wall
-time of its runs, process start-up included; its memory is the largest peak
-resident set (ru_maxrss from wait4) of its runs. N defaults to 3: on a
-virtual machine the first touch of memory the guest has not used lately is
-slow and varies from run to run, so a single run of a 1 GiB load measures
-the machine as much as the tool.
+alone) the tools run as child processes in N rounds, each round every tool
+once in turn (A B C A B C ...), so that a slow minute of the machine falls on
+all of them: `wc -l` (the floor: one pass over the bytes), `corvane load FILE
+--set SET -q --no` (scan and transfer into the host, no output file), pandas
+read_csv (C engine), numpy loadtxt and data.table fread on one thread. A
+tool's wall time, system time and page faults are the medians of its runs,
+process start-up included; its memory is the largest peak resident set
+(ru_maxrss from wait4) of its runs. corvane's ratio to a peer is the median
+over the rounds of the peer's time over corvane's in that round. N defaults
+to 5.
 
 The peers print the number of rows they read and the seconds spent inside
 the read call, and corvane's summary line gives the points it loaded; a count
@@ -62,14 +63,17 @@ cat(nrow(table), as.numeric(difftime(Sys.time(), start, units = "secs")), "\\n")
 
 
 class Run:
-    """One timed child process: wall seconds, peak RSS in bytes, output."""
+    """One timed child process: wall and system seconds, page faults (minor
+    and major), peak RSS in bytes, exit status and output."""
 
-    def __init__(self, seconds, rss, status, stdout, stderr):
+    def __init__(self, seconds, rss, status, stdout, stderr, system=0.0, faults=0):
         self.seconds = seconds
         self.rss = rss
         self.status = status
         self.stdout = stdout
         self.stderr = stderr
+        self.system = system
+        self.faults = faults
 
 
 def run_once(argv):
@@ -86,7 +90,15 @@ def run_once(argv):
         out.seek(0)
         err.seek(0)
         return Run(seconds, usage.ru_maxrss * 1024, proc.returncode,
-                   out.read().decode(errors="replace"), err.read().decode(errors="replace"))
+                   out.read().decode(errors="replace"), err.read().decode(errors="replace"),
+                   usage.ru_stime, usage.ru_minflt + usage.ru_majflt)
+
+
+def median(values):
+    """The median of a non-empty list of numbers."""
+    ordered = sorted(values)
+    middle = len(ordered) // 2
+    return ordered[middle] if len(ordered) % 2 else (ordered[middle - 1] + ordered[middle]) / 2
 
 
 def tools(path, corvane, sets):
@@ -117,35 +129,52 @@ def row_check(count, rows):
     return "read %s rows, file has %d" % (count, rows)
 
 
+PEERS = ("numpy loadtxt", "fread (1 thread)")
+
+
 def measure(path, corvane, sets, repeat):
-    """Measures every tool on path; returns one result dict per tool."""
+    """Measures every tool on path in repeat alternating rounds; returns one
+    result dict per tool."""
     subprocess.run("cat '%s' > /dev/null" % path.replace("'", "'\\''"), shell=True, check=True)
     size = os.path.getsize(path)
+    measured = tools(path, corvane, sets)
+    runs = {name: [] for name, _, _ in measured}
+    for round_number in range(repeat):
+        for name, argv, _ in measured:
+            run = run_once(argv)
+            runs[name].append(run)
+            print("  round %d  %-18s %s" % (round_number + 1, name,
+                                           "failed" if run.status else "%.3f s" % run.seconds),
+                  file=sys.stderr, flush=True)
     rows = None
     results = []
-    for name, argv, prints_rows in tools(path, corvane, sets):
-        runs = [run_once(argv) for _ in range(repeat)]
-        best = min(runs, key=lambda r: r.seconds)
+    for name, _, prints_rows in measured:
+        done = runs[name]
         result = {"tool": name, "file": os.path.basename(path), "bytes": size,
-                  "seconds": best.seconds, "rss": max(r.rss for r in runs),
-                  "inner": None, "note": ""}
-        failed = [r for r in runs if r.status != 0]
+                  "seconds": median([r.seconds for r in done]),
+                  "system": median([r.system for r in done]),
+                  "faults": median([r.faults for r in done]),
+                  "rss": max(r.rss for r in done), "inner": None, "note": "", "versus": {}}
+        failed = [r for r in done if r.status != 0]
         if failed:
             result["note"] = "exit %d: %s" % (failed[0].status, last_line(failed[0].stderr))
             result["seconds"] = None
         elif name == "wc -l":
-            rows = int(best.stdout.split()[0]) - 1
+            rows = int(done[0].stdout.split()[0]) - 1
         elif prints_rows:
-            result["inner"] = min(float(r.stdout.split()[1]) for r in runs)
-            result["note"] = row_check(best.stdout.split()[0], rows)
+            result["inner"] = median([float(r.stdout.split()[1]) for r in done])
+            result["note"] = row_check(done[0].stdout.split()[0], rows)
         else:
             # corvane's summary line ends in the number of points loaded.
-            points = re.search(r"(\d+) points?\s*$", best.stdout)
+            points = re.search(r"(\d+) points?\s*$", done[0].stdout)
             if points:
                 result["note"] = row_check(points.group(1), rows)
+            for peer in PEERS:
+                pairs = [(p.seconds, c.seconds) for p, c in zip(runs.get(peer, []), done)
+                         if p.status == 0]
+                if len(pairs) == len(done):
+                    result["versus"][peer] = median([p / c for p, c in pairs])
         results.append(result)
-        print("  %-18s %s" % (name, "failed" if failed else "%.3f s" % best.seconds),
-              file=sys.stderr, flush=True)
     for result in results:
         result["rows"] = rows
     return results
@@ -157,26 +186,23 @@ def throughput(result):
 
 
 def table_rows(results):
-    """Turns results into table cells, adding the ratios of the corvane rows."""
-    by_file = {}
-    for result in results:
-        by_file.setdefault(result["file"], {})[result["tool"]] = result
+    """Turns results into table cells."""
     cells = []
     for result in results:
-        peers = by_file[result["file"]]
         mbps = throughput(result)
         value_bytes = result["rows"] * 8 * 8 if result["rows"] else None
         per_value = ""
         if result["tool"] != "wc -l" and value_bytes and result["seconds"]:
             per_value = "%.2f" % (result["rss"] / value_bytes)
-        versus = ["", ""]
-        if result["tool"] == "corvane" and mbps:
-            for i, peer in enumerate(("numpy loadtxt", "fread (1 thread)")):
-                other = throughput(peers.get(peer, {"bytes": 0, "seconds": None}))
-                versus[i] = "%.2fx" % (mbps / other) if other else ""
+        system = ""
+        if result["seconds"]:
+            system = "%.2f (%d%%)" % (result["system"], round(100 * result["system"] / result["seconds"]))
+        versus = ["%.2fx" % result["versus"][peer] if peer in result.get("versus", {}) else ""
+                  for peer in PEERS]
         cells.append([
             result["tool"], result["file"],
             "%.3f" % result["seconds"] if result["seconds"] else "failed",
+            system, "%d" % result["faults"] if result["seconds"] else "",
             "%.1f" % mbps if mbps else "",
             "%.1f" % (result["rss"] / (1 << 20)),
             per_value, versus[0], versus[1],
@@ -186,8 +212,8 @@ def table_rows(results):
     return cells
 
 
-HEADERS = ["tool", "file", "seconds", "MB/s", "peak RSS MiB", "RSS / 8 B per value",
-           "vs numpy", "vs fread", "read call s", "note"]
+HEADERS = ["tool", "file", "seconds", "system s (% of wall)", "page faults", "MB/s",
+           "peak RSS MiB", "RSS / 8 B per value", "vs numpy", "vs fread", "read call s", "note"]
 
 
 def text_table(cells):
@@ -242,7 +268,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
     parser.add_argument("--corvane", required=True, help="the corvane executable")
     parser.add_argument("--sets", required=True, help="folder of whitespace.twc and comma.twc")
-    parser.add_argument("--repeat", type=int, default=0, help="runs per tool (best is kept)")
+    parser.add_argument("--repeat", type=int, default=5, help="alternating rounds (medians are kept)")
     parser.add_argument("--markdown", help="also write the table as Markdown here")
     parser.add_argument("files", nargs="+")
     args = parser.parse_args()
@@ -252,10 +278,9 @@ def main():
     results = []
     for path in args.files:
         path = os.path.abspath(path)
-        repeat = args.repeat or 3
-        print("%s (%d MB, best of %d)" % (os.path.basename(path), os.path.getsize(path) // 1000000, repeat),
-              file=sys.stderr, flush=True)
-        results += measure(path, corvane, sets, repeat)
+        print("%s (%d MB, %d rounds)" % (os.path.basename(path), os.path.getsize(path) // 1000000,
+                                         args.repeat), file=sys.stderr, flush=True)
+        results += measure(path, corvane, sets, args.repeat)
 
     cells = table_rows(results)
     print(text_table(cells))
@@ -265,11 +290,13 @@ def main():
             out.write("# Load benchmark: latest run\n\n")
             out.write("\n".join(environment(corvane)) + "\n\n")
             out.write(markdown_table(cells) + "\n\n")
-            out.write("Seconds: best wall time of the runs, process start-up included. "
+            out.write("Runs in alternating rounds (each tool once per round). Seconds, system s, "
+                      "page faults: medians of the runs, process start-up included. "
                       "MB/s: file bytes / 1e6 / seconds. Peak RSS: largest ru_maxrss of the runs. "
                       "RSS / 8 B per value: peak RSS over rows x 8 columns x 8 bytes. "
-                      "vs numpy, vs fread: corvane's MB/s over theirs. "
-                      "Read call s: the peer's own timing of its read call alone.\n")
+                      "vs numpy, vs fread: median over the rounds of the peer's time over "
+                      "corvane's. Read call s: the peer's own timing of its read call alone "
+                      "(median).\n")
         print("written " + args.markdown, file=sys.stderr)
 
 

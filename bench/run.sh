@@ -4,9 +4,10 @@
 #   bench/run.sh [--sizes 100M,1G] [--repeat N] [--corvane PATH]
 #
 # Installs what is missing, builds the release corvane and libordalis.so,
-# writes the data files that are missing into bench/data/, then times every
-# tool on every file (best of N runs; N is 3 unless --repeat says
-# otherwise). Prints the table and writes it as Markdown to
+# writes the data files that are missing into bench/data/ (three shapes per
+# size; 4G only when --sizes names it), then times every tool on every file
+# in N alternating rounds (N is 5 unless --repeat says otherwise), keeping
+# medians. Prints the table and writes it as Markdown to
 # bench/out/latest.md. --corvane runs the given executable instead of
 # building one (another build, or a stand-in while the loader is unfinished).
 set -euo pipefail
@@ -22,7 +23,7 @@ while [ $# -gt 0 ]; do
     --sizes) [ $# -ge 2 ] || usage; sizes="$2"; shift 2 ;;
     --repeat) [ $# -ge 2 ] || usage; repeat="$2"; shift 2 ;;
     --corvane) [ $# -ge 2 ] || usage; corvane="$2"; shift 2 ;;
-    -h|--help) sed -n '2,11p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
+    -h|--help) sed -n '2,12p' "$0" | sed 's/^# \{0,1\}//'; exit 0 ;;
     *) echo "run.sh: unknown argument $1" >&2; usage ;;
   esac
 done
