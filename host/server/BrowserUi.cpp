@@ -12,20 +12,10 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
+/* The page shows yes/no boxes and questions alike. */
 std::string boxKind(MessageBoxType_e type)
 {
-    switch (type) {
-    case MessageBox_Error:
-        return "error";
-    case MessageBox_Warning:
-        return "warning";
-    case MessageBox_Information:
-        return "information";
-    case MessageBox_Question:
-    case MessageBox_YesNo:
-        return "question";
-    }
-    return "information";
+    return std::string(type == MessageBox_YesNo ? "question" : host::messageTypeName(type));
 }
 
 /* The URL of a help page the add-on names: a page of the host's help
