@@ -76,14 +76,23 @@ Field::Field(FieldDataType_e type, size_t points)
                     type == FieldDataType_Byte
                 ? type
                 : FieldDataType_Double),
-      size_(points), values_(makeBuffer(points * valueSize(type_)))
+      size_(points), values_(nullptr, FreeBuffer{})
+{
+}
+
+bool Field::prepare()
 {
     if (!values_)
-        throw std::bad_alloc();
+        values_ = makeBuffer(size_ * valueSize(type_));
+    return values_ != nullptr;
 }
 
 Field::Field(const Field &other) : Field(other.type_, other.size_)
 {
+    if (!other.values_)
+        return;
+    if (!prepare())
+        throw std::bad_alloc();
     std::memcpy(values_.get(), other.values_.get(), size_ * valueSize(type_));
 }
 
@@ -98,6 +107,8 @@ double Field::get(size_t index) const
 {
     if (index >= size_)
         return std::numeric_limits<double>::quiet_NaN();
+    if (!values_)
+        return 0.0;
     switch (type_) {
     case FieldDataType_Int32:
         return static_cast<const int32_t *>(values_.get())[index];

@@ -24,8 +24,9 @@ namespace corvane::host {
 /* One variable's values in one zone, stored in the field's own type. */
 class Field {
 public:
-    /* A zero-filled field of points values. Throws std::bad_alloc when the
-       memory cannot be had. */
+    /* A zero-filled field of points values. Its memory is taken only when
+       the field is first written (prepare), so that a load can release
+       what it read the values from before the next field takes memory. */
     Field(FieldDataType_e type, size_t points);
     Field(const Field &other);
     Field &operator=(const Field &other);
@@ -34,6 +35,9 @@ public:
     FieldDataType_e type() const { return type_; }
     size_t size() const { return size_; }
     double get(size_t index) const; /* 0-based */
+    /* Makes the field's zero-filled buffer if it has none yet; false when
+       the memory cannot be had (the field then still reads as zeros). */
+    bool prepare();
     /* Stores value at the 0-based index: as is in a double field, rounded to
        nearest and clamped to the type's range in an integer field. An index
        out of range is ignored. */
@@ -49,8 +53,7 @@ private:
     static std::unique_ptr<void, FreeBuffer> makeBuffer(size_t bytes);
     FieldDataType_e type_;
     size_t size_;
-    /* calloc'd: a large field's pages come zeroed from the system untouched,
-       so the one pass that matters is the store of the loaded values. */
+    /* Null until prepare; a field without a buffer holds zeros. */
     std::unique_ptr<void, FreeBuffer> values_;
 };
 
@@ -96,7 +99,7 @@ const char *fieldTypeName(FieldDataType_e type);
 /* The hot path of every load: a direct store, no lookup, no allocation. */
 inline void Field::set(size_t index, double value)
 {
-    if (index >= size_)
+    if (index >= size_ || (!values_ && !prepare()))
         return;
     if (type_ == FieldDataType_Double)
         static_cast<double *>(values_.get())[index] = value;

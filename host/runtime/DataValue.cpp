@@ -9,8 +9,9 @@ using corvane::host::Field;
 extern "C" {
 
 /* The handle of variable Var of zone Zone (both 1-based) of the data set
-   created in the open load; NULL when there is none or either is out of
-   range. The handle stays valid while zones and data sets are added, until
+   created in the open load; NULL when there is none, either is out of
+   range, or the field's memory cannot be had (it is taken at the first
+   request, when the add-on is about to store). The handle stays valid while zones and data sets are added, until
    the data sets are cleared. */
 FieldData_pa CvnUtilDataValueGetRef(EntIndex_t Zone, EntIndex_t Var)
 {
@@ -20,7 +21,10 @@ FieldData_pa CvnUtilDataValueGetRef(EntIndex_t Zone, EntIndex_t Var)
     std::vector<Field> &fields = set->zones[static_cast<size_t>(Zone) - 1].fields;
     if (Var < 1 || static_cast<size_t>(Var) > fields.size())
         return nullptr;
-    return reinterpret_cast<FieldData_pa>(&fields[static_cast<size_t>(Var) - 1]);
+    Field &field = fields[static_cast<size_t>(Var) - 1];
+    if (!field.prepare())
+        return nullptr;
+    return reinterpret_cast<FieldData_pa>(&field);
 }
 
 /* A direct store: no lookup and no allocation. A point index outside
