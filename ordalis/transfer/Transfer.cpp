@@ -82,7 +82,7 @@ static bool TransferIndexValues(const TW_ZoneInfo_s *Zone, EntIndex_t HostZone, 
     return true;
 }
 
-Boolean_t LoadDataIntoCorvane(const TW_FileDataSet_s *DataSet, PlotType_e &PlotType)
+Boolean_t LoadDataIntoCorvane(TW_FileDataSet_s *DataSet, PlotType_e &PlotType)
 {
     const TW_ZoneInfo_s *FirstZone = DataSet->ZoneList;
     int32_t IMax = FirstZone ? FirstZone->IMax : 0;
@@ -203,9 +203,10 @@ Boolean_t LoadDataIntoCorvane(const TW_FileDataSet_s *DataSet, PlotType_e &PlotT
                     HostVar++;
                     continue;
                 }
-                const TW_DoubleArray_s *Values = Zone->VarValues[Var];
+                TW_DoubleArray_s *Values = Zone->VarValues[Var];
                 for (int32_t Point = 1; Point <= Zone->NumPoints; Point++)
                     CvnUtilDataValueSetByRef(Ref, Point, TW_DoubleArrayGetAt(Values, Point - 1));
+                TW_DoubleArrayReleaseValues(Values);
                 Progress.Counter += Zone->NumPoints;
                 if (!UpdateProgress(&Progress)) {
                     Result = FALSE;

@@ -133,4 +133,11 @@ void TW_DoubleArrayRemoveAll(TW_DoubleArray_s *Array)
     }
 }
 
+void TW_DoubleArrayReleaseValues(TW_DoubleArray_s *Array)
+{
+    TW_Free(Array->Values);
+    Array->Values = nullptr;
+    Array->Count = 0;
+}
+
 } // namespace corvane::cvnutildataio

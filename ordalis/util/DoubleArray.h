@@ -28,6 +28,9 @@ double TW_DoubleArrayGetAt(const TW_DoubleArray_s *Array, int32_t Index);
 /* Empties the array to a fresh 7919-value buffer. If that buffer cannot be
    made the record itself is released: the caller must not use it again. */
 void TW_DoubleArrayRemoveAll(TW_DoubleArray_s *Array);
+/* Frees the buffer for good: Count becomes 0 and Values NULL. The array can
+   then only be deallocated. */
+void TW_DoubleArrayReleaseValues(TW_DoubleArray_s *Array);
 
 } // namespace corvane::cvnutildataio
 
