@@ -45,35 +45,24 @@ void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array)
 }
 
 /* Enlarges a full buffer (Count a multiple of the step) by one step. On
-   failure shows "Out of memory" and leaves the buffer as it is. */
-static bool Grow(TW_DoubleArray_s *Array)
+   failure shows "Out of memory", takes the last value back and leaves the
+   buffer as it is, so the array holds what it held before the add. */
+bool TW_DoubleArrayGrowAfterAdd(TW_DoubleArray_s *Array)
 {
     if (Array->Count > INT32_MAX - TW_DOUBLEARRAY_STEP) { /* the count would not fit */
         CvnUtilDialogErrMsg(OutOfMemory);
+        Array->Count--;
         return false;
     }
     double *Values = static_cast<double *>(
         TW_Realloc(Array->Values, BytesFor(static_cast<int64_t>(Array->Count) + TW_DOUBLEARRAY_STEP)));
     if (Values == nullptr) {
         CvnUtilDialogErrMsg(OutOfMemory);
+        Array->Count--;
         return false;
     }
     Array->Values = Values;
     return true;
-}
-
-/* The buffer always has room for one more value; only a value that fills
-   it costs a function call. When growing fails the value is taken back, so
-   the array holds what it held before the call. */
-bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
-{
-    Array->Values[Array->Count++] = Value;
-    if (__builtin_expect(Array->Count % TW_DOUBLEARRAY_STEP != 0, 1))
-        return true;
-    if (Grow(Array))
-        return true;
-    Array->Count--;
-    return false;
 }
 
 /* Appends Value N times; N <= 0 changes nothing. A fill whose count would

@@ -19,8 +19,10 @@ typedef struct {
 /* New empty array with room for 7919 values; NULL after "Out of memory". */
 TW_DoubleArray_s *TW_DoubleArrayAlloc();
 void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array);
-/* False after "Out of memory"; the array then holds what it held before. */
-bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value);
+/* False after "Out of memory"; the array then holds what it held before.
+   Inline: the scan stores every value of a file twice through it, and only
+   a value that fills the buffer costs a call. */
+inline bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value);
 bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value);
 int32_t TW_DoubleArrayGetSize(const TW_DoubleArray_s *Array);
 double *TW_DoubleArrayGetArray(const TW_DoubleArray_s *Array);
@@ -31,6 +33,19 @@ void TW_DoubleArrayRemoveAll(TW_DoubleArray_s *Array);
 /* Frees the buffer for good: Count becomes 0 and Values NULL. The array can
    then only be deallocated. */
 void TW_DoubleArrayReleaseValues(TW_DoubleArray_s *Array);
+
+/* The growth step of TW_DoubleArrayAdd, run right after the value that made
+   Count a multiple of the step was stored. */
+bool TW_DoubleArrayGrowAfterAdd(TW_DoubleArray_s *Array);
+
+/* The buffer always has room for one more value. */
+inline bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
+{
+    Array->Values[Array->Count++] = Value;
+    if (__builtin_expect(Array->Count % TW_DOUBLEARRAY_STEP != 0, 1))
+        return true;
+    return TW_DoubleArrayGrowAfterAdd(Array);
+}
 
 } // namespace corvane::cvnutildataio
 
