@@ -79,11 +79,10 @@ bool ScanNumber(const unsigned char *P, EndTest IsEnd, double *Value, const unsi
     *Stop = P;
     const unsigned char *Start = P;
 
-    bool Negative = false;
-    if (*P == '+' || *P == '-') {
-        Negative = *P == '-';
-        P++;
-    }
+    /* Without a branch: signs of measured values are as good as random,
+       and a mispredicted branch here costs more than the whole value. */
+    bool Negative = *P == '-';
+    P += Negative | (*P == '+');
 
     /* All digits go into Mantissa; with 19 digits or fewer it is exact (a
        longer one may wrap, and such values go to strtod below). Integer and
