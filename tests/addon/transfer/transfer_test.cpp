@@ -262,3 +262,26 @@ TEST_F(TransferTest, ACancelIsSilentAndKeepsWhatWasCopied)
     EXPECT_EQ(point(host::dataSets().at(0).zones[0], 49), (V{10, 5, 0}));
     EXPECT_EQ(point(host::dataSets()[0].zones[0], 50), (V{0, 0, 0}));
 }
+
+/* A copied variable's scanned values are given back as soon as the host
+   holds them, so that a load never needs memory for two copies; a variable
+   that is not loaded keeps its values. The set is deallocated afterwards as
+   the loader callback does. */
+TEST_F(TransferTest, EachCopiedVariableIsGivenBackOnceTheHostHoldsIt)
+{
+    Scanned set = scanned("Two", {"x", "skipped", "y"},
+                          {{3, 1, 1, {ramp(3, 1), ramp(3, 10), ramp(3, 20)}},
+                           {2, 1, 1, {ramp(2, 4), ramp(2, 12), ramp(2, 22)}}},
+                          {true, false, true});
+    ASSERT_TRUE(transfer(set));
+    std::vector<std::pair<int32_t, bool>> left; /* count and buffer of every array */
+    for (const TW_ZoneInfo_s *zone = set->ZoneList; zone != nullptr; zone = zone->Next)
+        for (int32_t v = 0; v < zone->NumVars; v++)
+            left.emplace_back(zone->VarValues[v]->Count, zone->VarValues[v]->Values != nullptr);
+    EXPECT_EQ(left, (std::vector<std::pair<int32_t, bool>>{
+                        {0, false}, {3, true}, {0, false}, {0, false}, {2, true}, {0, false}}));
+    const host::DataSet &loaded = host::dataSets().at(0);
+    EXPECT_EQ(loaded.variables, (Texts{"x", "y"}));
+    EXPECT_EQ(point(loaded.zones.at(0), 2), (V{3, 22}));
+    EXPECT_EQ(point(loaded.zones.at(1), 1), (V{5, 23}));
+}
