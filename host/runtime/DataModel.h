@@ -96,7 +96,8 @@ const char *fieldTypeName(FieldDataType_e type);
 
 /* ------------------------------------------------------- inline details */
 
-/* The hot path of every load: a direct store, no lookup, no allocation. */
+/* The hot path of every load: a direct store, no lookup; memory is taken
+   only by the first store into a field that nothing has prepared. */
 inline void Field::set(size_t index, double value)
 {
     if (index >= size_ || (!values_ && !prepare()))

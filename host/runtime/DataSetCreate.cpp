@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <new>
 #include <stdexcept>
+#include <unistd.h>
 
 #include <fmt/format.h>
 
@@ -62,8 +63,10 @@ std::string stringArg(const ArgList_s &args, const char *key)
     return arg ? std::get<std::string>(arg->value) : std::string();
 }
 
-/* Whether the fields of a zone of points values fit the address space; a
-   request beyond it fails here, before the allocator is asked. */
+/* Whether the fields of a zone of points values fit the machine's memory.
+   Fields take their memory only when first written, so a request beyond it
+   fails here, when the zone is added, rather than half-way through a
+   load. */
 bool fieldsAddressable(LgIndex_t points, const FieldDataType_e *types, size_t count)
 {
     uint64_t bytes = 0;
@@ -77,7 +80,11 @@ bool fieldsAddressable(LgIndex_t points, const FieldDataType_e *types, size_t co
             __builtin_add_overflow(bytes, fieldSize, &bytes))
             return false;
     }
-    return bytes <= static_cast<uint64_t>(PTRDIFF_MAX);
+    const long pages = sysconf(_SC_PHYS_PAGES), pageSize = sysconf(_SC_PAGESIZE);
+    const uint64_t memory = pages > 0 && pageSize > 0
+                                ? static_cast<uint64_t>(pages) * static_cast<uint64_t>(pageSize)
+                                : static_cast<uint64_t>(PTRDIFF_MAX);
+    return bytes <= memory && bytes <= static_cast<uint64_t>(PTRDIFF_MAX);
 }
 
 bool supportedType(FieldDataType_e type)

@@ -11,8 +11,8 @@ extern "C" {
 /* The handle of variable Var of zone Zone (both 1-based) of the data set
    created in the open load; NULL when there is none, either is out of
    range, or the field's memory cannot be had (it is taken at the first
-   request, when the add-on is about to store). The handle stays valid while zones and data sets are added, until
-   the data sets are cleared. */
+   request, when the add-on is about to store). The handle stays valid
+   while zones and data sets are added, until the data sets are cleared. */
 FieldData_pa CvnUtilDataValueGetRef(EntIndex_t Zone, EntIndex_t Var)
 {
     corvane::host::DataSet *set = corvane::host::detail::currentDataSet();

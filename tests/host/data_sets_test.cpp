@@ -128,6 +128,14 @@ TEST_F(DataSetTest, FailedCallsKeepTheirExactReasonForThePostedErrorBox)
                                           fourTypes);
          },
          "Cannot add zone \"Huge\": out of memory for 4000000000000000000 points"},
+        /* Addressable, but more than the machine's memory: refused when the
+           zone is added, although fields take memory only when written. */
+        {dataSet,
+         [] {
+             return CvnUtilDataSetAddZone("Big", 100000, 100000, 1000, ZoneType_Ordered,
+                                          fourTypes);
+         },
+         "Cannot add zone \"Big\": out of memory for 10000000000000 points"},
     };
     for (const auto &row : rows) {
         corvane::host::clearDataSets();
