@@ -38,9 +38,9 @@ public:
     /* Makes the field's zero-filled buffer if it has none yet; false when
        the memory cannot be had (the field then still reads as zeros). */
     bool prepare();
-    /* Stores value at the 0-based index: as is in a double field, rounded to
-       nearest and clamped to the type's range in an integer field. An index
-       out of range is ignored. */
+    /* Stores value at the 0-based index of a prepared field: as is in a
+       double field, rounded to nearest and clamped to the type's range in an
+       integer field. An index out of range is ignored. */
     void set(size_t index, double value);
 
 private:
@@ -96,11 +96,11 @@ const char *fieldTypeName(FieldDataType_e type);
 
 /* ------------------------------------------------------- inline details */
 
-/* The hot path of every load: a direct store, no lookup; memory is taken
-   only by the first store into a field that nothing has prepared. */
+/* The hot path of every load: a direct store, no lookup, no allocation
+   (the value handle that leads here prepared the field). */
 inline void Field::set(size_t index, double value)
 {
-    if (index >= size_ || (!values_ && !prepare()))
+    if (index >= size_)
         return;
     if (type_ == FieldDataType_Double)
         static_cast<double *>(values_.get())[index] = value;

@@ -67,7 +67,7 @@ std::string stringArg(const ArgList_s &args, const char *key)
    Fields take their memory only when first written, so a request beyond it
    fails here, when the zone is added, rather than half-way through a
    load. */
-bool fieldsAddressable(LgIndex_t points, const FieldDataType_e *types, size_t count)
+bool fieldsFitMemory(LgIndex_t points, const FieldDataType_e *types, size_t count)
 {
     uint64_t bytes = 0;
     for (size_t v = 0; v < count; ++v) {
@@ -84,7 +84,7 @@ bool fieldsAddressable(LgIndex_t points, const FieldDataType_e *types, size_t co
     const uint64_t memory = pages > 0 && pageSize > 0
                                 ? static_cast<uint64_t>(pages) * static_cast<uint64_t>(pageSize)
                                 : static_cast<uint64_t>(PTRDIFF_MAX);
-    return bytes <= memory && bytes <= static_cast<uint64_t>(PTRDIFF_MAX);
+    return bytes <= memory;
 }
 
 bool supportedType(FieldDataType_e type)
@@ -147,7 +147,7 @@ Boolean_t CvnUtilDataSetAddZone(const char *Name, LgIndex_t IMax, LgIndex_t JMax
         __builtin_mul_overflow(points, KMax, &points))
         return fail(prefix + fmt::format("{} x {} x {} points are too many", IMax, JMax, KMax));
     const std::string outOfMemory = prefix + fmt::format("out of memory for {} points", points);
-    if (!fieldsAddressable(points, VarDataTypes, varCount) || corvane::host::hostAllocationFails())
+    if (!fieldsFitMemory(points, VarDataTypes, varCount) || corvane::host::hostAllocationFails())
         return fail(outOfMemory);
     try {
         Zone zone;

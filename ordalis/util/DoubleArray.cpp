@@ -49,13 +49,12 @@ void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array)
    buffer as it is, so the array holds what it held before the add. */
 bool TW_DoubleArrayGrowAfterAdd(TW_DoubleArray_s *Array)
 {
-    if (Array->Count > INT32_MAX - TW_DOUBLEARRAY_STEP) { /* the count would not fit */
-        CvnUtilDialogErrMsg(OutOfMemory);
-        Array->Count--;
-        return false;
-    }
-    double *Values = static_cast<double *>(
-        TW_Realloc(Array->Values, BytesFor(static_cast<int64_t>(Array->Count) + TW_DOUBLEARRAY_STEP)));
+    /* A count that would not fit is refused before the allocator is asked. */
+    double *Values = Array->Count > INT32_MAX - TW_DOUBLEARRAY_STEP
+                         ? nullptr
+                         : static_cast<double *>(TW_Realloc(
+                               Array->Values,
+                               BytesFor(static_cast<int64_t>(Array->Count) + TW_DOUBLEARRAY_STEP)));
     if (Values == nullptr) {
         CvnUtilDialogErrMsg(OutOfMemory);
         Array->Count--;

@@ -19,10 +19,6 @@ typedef struct {
 /* New empty array with room for 7919 values; NULL after "Out of memory". */
 TW_DoubleArray_s *TW_DoubleArrayAlloc();
 void TW_DoubleArrayDealloc(TW_DoubleArray_s **Array);
-/* False after "Out of memory"; the array then holds what it held before.
-   Inline: the scan stores every value of a file twice through it, and only
-   a value that fills the buffer costs a call. */
-inline bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value);
 bool TW_DoubleArrayFill(TW_DoubleArray_s *Array, int32_t N, double Value);
 int32_t TW_DoubleArrayGetSize(const TW_DoubleArray_s *Array);
 double *TW_DoubleArrayGetArray(const TW_DoubleArray_s *Array);
@@ -38,7 +34,10 @@ void TW_DoubleArrayReleaseValues(TW_DoubleArray_s *Array);
    Count a multiple of the step was stored. */
 bool TW_DoubleArrayGrowAfterAdd(TW_DoubleArray_s *Array);
 
-/* The buffer always has room for one more value. */
+/* False after "Out of memory"; the array then holds what it held before.
+   Inline: the scan stores every value of a file twice through it, and only
+   a value that fills the buffer costs a call (the buffer always has room
+   for one more value). */
 inline bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
 {
     Array->Values[Array->Count++] = Value;

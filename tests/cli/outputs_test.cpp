@@ -25,6 +25,7 @@ static host::Zone zone(const char *name, FieldDataType_e type,
     host::Zone zone{name, static_cast<LgIndex_t>(fields[0].size()), 1, 1, {}};
     for (const std::vector<double> &values : fields) {
         zone.fields.emplace_back(type, values.size());
+        zone.fields.back().prepare();
         for (size_t i = 0; i < values.size(); ++i)
             zone.fields.back().set(i, values[i]);
     }
