@@ -27,10 +27,10 @@ void TW_LineReaderStart(TW_LineReader_s *Reader, FILE *File);
 /* The next line: up to and including its line feed, at most 64000
    characters (a longer line comes in pieces, as from fgets), NUL-terminated
    and writable up to its NUL; valid until the next call. *Length is the
-   number of characters read, NUL bytes included (a NUL inside the line
-   ends it as a C string, not as read). NULL at the end of the file or on a
-   read error. */
-char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length);
+   number of characters read, NUL bytes included; *TextLength is the line's
+   length as a C string (a NUL inside the line ends it there, not as read).
+   NULL at the end of the file or on a read error. */
+char *TW_ReadLine(TW_LineReader_s *Reader, size_t *Length, size_t *TextLength);
 /* After TW_ReadLine gave NULL: the errno of the read that failed, or 0 when
    the file simply ended. */
 int TW_LineReaderError(const TW_LineReader_s *Reader);

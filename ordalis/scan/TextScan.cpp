@@ -178,7 +178,8 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, const char *FileName
     TW_LineReaderStart(&Reader, File);
     char *Line = NULL;
     size_t Read = 0;
-    while (!State->Stopped && (Line = TW_ReadLine(&Reader, &Read)) != NULL) {
+    size_t Length = 0;
+    while (!State->Stopped && (Line = TW_ReadLine(&Reader, &Read, &Length)) != NULL) {
         LineNumber++;
         /* Too long by the characters read, NUL bytes included, so that a
            file of NUL bytes ends here too. */
@@ -190,9 +191,8 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, const char *FileName
             State->Failed = true;
             break;
         }
-        /* The length as a C string: a NUL byte in the file ends the line
-           there, as it always has for the steps that follow. */
-        size_t Length = strlen(Line);
+        /* Length is the line's length as a C string: a NUL byte in the file
+           ends the line there, as it always has for the steps that follow. */
         while (Length > 0 && (Line[Length - 1] == '\n' || Line[Length - 1] == '\r'))
             Line[--Length] = '\0';
 

@@ -48,10 +48,12 @@ TEST(LineReaderTest, GivesTheLinesOfFgetsAcrossBlocks)
     tw::TW_LineReader_s reader;
     tw::TW_LineReaderStart(&reader, file);
     size_t length = 0;
+    size_t textLength = 0;
     size_t total = 0; /* characters read, NUL bytes included */
-    for (char *line = tw::TW_ReadLine(&reader, &length); line != nullptr;
-         line = tw::TW_ReadLine(&reader, &length)) {
+    for (char *line = tw::TW_ReadLine(&reader, &length, &textLength); line != nullptr;
+         line = tw::TW_ReadLine(&reader, &length, &textLength)) {
         read.emplace_back(line);
+        EXPECT_EQ(textLength, read.back().size());
         total += length;
     }
     std::fclose(file);
