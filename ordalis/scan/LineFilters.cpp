@@ -186,12 +186,17 @@ static bool ContinueMalformedLine(int32_t LineNumber)
 /* One token's part in token mode: its value is appended, or, for a token
    that is not a number, the user is asked once per line whether to go on
    (unless such tokens are ignored). False when the answer is No: the rest
-   of the line is dropped. */
+   of the line is dropped. Room: the array has room for every value the
+   line can hold. */
 static bool TakeToken(bool IsNumber, double Value, int32_t LineNumber,
-                      const TW_ConfigInstructions_s *Instr, bool *Asked, TW_DoubleArray_s *Values)
+                      const TW_ConfigInstructions_s *Instr, bool *Asked, bool Room,
+                      TW_DoubleArray_s *Values)
 {
     if (IsNumber) {
-        TW_DoubleArrayAdd(Values, Value);
+        if (Room)
+            TW_DoubleArrayAddWithRoom(Values, Value);
+        else
+            TW_DoubleArrayAdd(Values, Value);
         return true;
     }
     if (Instr->IgnoreNonNumericTokens || *Asked)
@@ -202,21 +207,25 @@ static bool TakeToken(bool IsNumber, double Value, int32_t LineNumber,
 
 /* Delimited kinds: each token is read where it stands in the line (the
    same tokens TW_strtok would cut, read by the same number scanner), so
-   every character is looked at once. */
-static void ScanDelimitedTokens(const char *Line, const bool *Delim, int32_t LineNumber,
-                                const TW_ConfigInstructions_s *Instr, TW_DoubleArray_s *Values)
+   every character is looked at once. LineEnd is where the line's NUL
+   stands. */
+static void ScanDelimitedTokens(const char *Line, const char *LineEnd, const bool *Delim,
+                                int32_t LineNumber, const TW_ConfigInstructions_s *Instr,
+                                TW_DoubleArray_s *Values)
 {
     bool Asked = false;
+    /* A token takes a character and its delimiter another. */
+    bool Room = TW_DoubleArrayHasRoom(Values, (LineEnd - Line) / 2 + 1);
     const unsigned char *P = (const unsigned char *)Line;
     for (;;) {
-        while (*P != '\0' && Delim[*P])
+        while (Delim[*P]) /* NUL is no kind's delimiter */
             P++;
         if (*P == '\0')
             return;
         double Value;
         const char *Cursor = (const char *)P;
-        bool IsNumber = TW_ScanTokenForDouble(&Cursor, Delim, &Value);
-        if (!TakeToken(IsNumber, Value, LineNumber, Instr, &Asked, Values))
+        bool IsNumber = TW_ScanTokenForDouble(&Cursor, Delim, LineEnd, &Value);
+        if (!TakeToken(IsNumber, Value, LineNumber, Instr, &Asked, Room, Values))
             return;
         P = (const unsigned char *)Cursor;
         while (*P != '\0' && !Delim[*P])
@@ -234,18 +243,18 @@ static void ScanFixedFields(char *Line, int32_t LineNumber, const TW_ConfigInstr
         const char *Cursor = Token;
         double Value;
         bool IsNumber = Str_ScanForDouble(&Cursor, &Value);
-        if (!TakeToken(IsNumber, Value, LineNumber, Instr, &Asked, Values))
+        if (!TakeToken(IsNumber, Value, LineNumber, Instr, &Asked, false, Values))
             return;
     }
 }
 
 /* Token mode: the numbers among the tokens of the line's delimiter kind; a
    kind out of range gives no tokens. */
-static void ScanTokens(char *Line, int32_t LineNumber, const TW_ConfigInstructions_s *Instr,
-                       TW_DoubleArray_s *Values)
+static void ScanTokens(char *Line, size_t Length, int32_t LineNumber,
+                       const TW_ConfigInstructions_s *Instr, TW_DoubleArray_s *Values)
 {
     if (const bool *Delim = TW_DelimiterTable(Instr->DataDelimiter))
-        ScanDelimitedTokens(Line, Delim, LineNumber, Instr, Values);
+        ScanDelimitedTokens(Line, Line + Length, Delim, LineNumber, Instr, Values);
     else if (Instr->DataDelimiter == Delimiter_Fixed)
         ScanFixedFields(Line, LineNumber, Instr, Values);
 }
@@ -271,6 +280,13 @@ bool TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
                                const TW_ConfigInstructions_s *Instr, const double **Values,
                                int32_t *Count)
 {
+    return TW_ScanSizedLineForNumericData(Line, strlen(Line), LineNumber, Instr, Values, Count);
+}
+
+bool TW_ScanSizedLineForNumericData(char *Line, size_t Length, int32_t LineNumber,
+                                    const TW_ConfigInstructions_s *Instr, const double **Values,
+                                    int32_t *Count)
+{
     if (!TW_LineFiltersStart()) {
         *Values = NULL;
         *Count = 0;
@@ -285,7 +301,7 @@ bool TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
         ScanCells(Line, Instr->DataDelimiter == Delimiter_Semicolon ? ';' : ',',
                   Filters->BlankCellValue, GlobalLineBuffer);
     else
-        ScanTokens(Line, LineNumber, Instr, GlobalLineBuffer);
+        ScanTokens(Line, Length, LineNumber, Instr, GlobalLineBuffer);
 
     *Values = GlobalLineBuffer->Values;
     *Count = GlobalLineBuffer->Count;

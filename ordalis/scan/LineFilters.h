@@ -33,6 +33,11 @@ void TW_LineFiltersRelease();
 bool TW_ScanLineForNumericData(char *Line, int32_t LineNumber,
                                const TW_ConfigInstructions_s *Instr, const double **Values,
                                int32_t *Count);
+/* TW_ScanLineForNumericData of a line whose length (strlen) the caller
+   knows. */
+bool TW_ScanSizedLineForNumericData(char *Line, size_t Length, int32_t LineNumber,
+                                    const TW_ConfigInstructions_s *Instr, const double **Values,
+                                    int32_t *Count);
 
 } // namespace corvane::cvnutildataio
 

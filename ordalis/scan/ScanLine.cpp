@@ -340,13 +340,13 @@ static void StorePointValues(TW_ScanState_s *State, const double *Values, int32_
 }
 
 /* A line of the data section: cut into values and placed, or kept as text. */
-static void TakeDataLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
+static void TakeDataLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber)
 {
     const TW_ConfigInstructions_s *Instr = State->Instr;
 
     const double *Values = NULL;
     int32_t Count = 0;
-    if (!TW_ScanLineForNumericData(Line, LineNumber, Instr, &Values, &Count)) {
+    if (!TW_ScanSizedLineForNumericData(Line, Length, LineNumber, Instr, &Values, &Count)) {
         FailScan(State);
         return;
     }
@@ -382,7 +382,8 @@ static void TakeDataLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
 /* Data steps of a line that passed the filters, title and variable steps.
    Whether the line is numeric matters only to a start or end marker that
    looks for numeric lines; it is worked out only then. */
-static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
+static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, size_t Length,
+                                int32_t LineNumber)
 {
     const TW_ConfigInstructions_s *Instr = State->Instr;
     bool NeedsNumeric = Instr->EndId.Marker == FileMarker_FirstNonNumericLine ||
@@ -406,14 +407,16 @@ static void TakeDataSectionLine(TW_ScanState_s *State, char *Line, int32_t LineN
         KeepTextLine(State, LineNumber, Line);
         return;
     }
-    TakeDataLine(State, Line, LineNumber);
+    TakeDataLine(State, Line, Length, LineNumber);
 }
 
-void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
+void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber)
 {
     TW_ConfigInstructions_s *Instr = State->Instr;
-    if (State->FiltersOn)
+    if (State->FiltersOn) {
         TW_PreprocessLine(Line, &Instr->GlobalFilters);
+        Length = strlen(Line);
+    }
     if (TW_IsBlankLine(Line))
         return;
     if (Instr->GlobalFilters.UseRows && TW_NumIsInRange(LineNumber, &Instr->GlobalFilters.Rows)) {
@@ -432,7 +435,7 @@ void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, int32_t LineNumber)
     }
 
     if (State->ReadData)
-        TakeDataSectionLine(State, Line, LineNumber);
+        TakeDataSectionLine(State, Line, Length, LineNumber);
 }
 
 } // namespace corvane::cvnutildataio

@@ -47,10 +47,10 @@ typedef struct {
     bool Stopped; /* no further line is read */
 } TW_ScanState_s;
 
-/* Handles one line (number LineNumber, already stripped
-   of CR/LF) through the filters, title, variable and data steps. Sets
-   Failed/Stopped. */
-void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, int32_t LineNumber);
+/* Handles one line (number LineNumber, already stripped of CR/LF, Length
+   characters as a C string) through the filters, title, variable and data
+   steps. Sets Failed/Stopped. */
+void TW_ScanProcessLine(TW_ScanState_s *State, char *Line, size_t Length, int32_t LineNumber);
 
 /* Makes the next zone of the scan; false (reported) when it or one of its
    value arrays could not be made. */

@@ -200,7 +200,7 @@ static int32_t ReadLines(TW_ScanState_s *State, FILE *File, const char *FileName
             *Cancelled = true;
             break;
         }
-        TW_ScanProcessLine(State, Line, LineNumber);
+        TW_ScanProcessLine(State, Line, Length, LineNumber);
     }
     if (Line == NULL && TW_LineReaderError(&Reader) != 0) {
         char Message[sizeof(ReadErrorMessage) + 1200];

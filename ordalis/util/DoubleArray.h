@@ -46,6 +46,20 @@ inline bool TW_DoubleArrayAdd(TW_DoubleArray_s *Array, double Value)
     return TW_DoubleArrayGrowAfterAdd(Array);
 }
 
+/* True when N more values can be appended before the buffer would have to
+   grow; those can go in with TW_DoubleArrayAddWithRoom. */
+inline bool TW_DoubleArrayHasRoom(const TW_DoubleArray_s *Array, int64_t N)
+{
+    return Array->Count % TW_DOUBLEARRAY_STEP + N < TW_DOUBLEARRAY_STEP;
+}
+
+/* Appends a value TW_DoubleArrayHasRoom made room for: no growth step to
+   test for. */
+inline void TW_DoubleArrayAddWithRoom(TW_DoubleArray_s *Array, double Value)
+{
+    Array->Values[Array->Count++] = Value;
+}
+
 } // namespace corvane::cvnutildataio
 
 #endif

@@ -14,8 +14,10 @@ namespace corvane::cvnutildataio {
 bool Str_ScanForDouble(const char **Cursor, double *Value);
 /* Str_ScanForDouble of the token from *Cursor to the first character Delim
    (a TW_DelimiterTable) marks or the end of the string; the line is not
-   cut, the cursor moves as Str_ScanForDouble moves it. */
-bool TW_ScanTokenForDouble(const char **Cursor, const bool *Delim, double *Value);
+   cut, the cursor moves as Str_ScanForDouble moves it. LineEnd points at the
+   string's NUL. */
+bool TW_ScanTokenForDouble(const char **Cursor, const bool *Delim, const char *LineEnd,
+                           double *Value);
 bool Str_ScanForLgIndex(const char **Cursor, LgIndex_t *Value);
 void Str_RemoveWhiteSpace(const char **Cursor);
 void Str_RemoveThroughEndOfLine(const char **Cursor);

@@ -111,12 +111,16 @@ TEST_F(CutTest, BlankCellsAndTheMalformedTokenQuestion)
 
 /* Values are read where they stand in the line: the result must be what
    cutting the line with the tokeniser and scanning each token gives, for
-   every delimited kind, on lines of numbers, junk, blanks and separators. */
+   every delimited kind, on lines of numbers, junk, blanks and separators.
+   Fractions of eight digits and more, at the end of a line too, take the
+   scanner's eight-at-a-time step. */
 TEST_F(CutTest, ValuesInPlaceMatchTokensCutByTheTokeniser)
 {
     const char *pieces[] = {"1.5", "-2e3", "+.5", "7.", "1e999", "1D2", "abc", "12x", "-",
                             ".", "0x10", "\"3\"", " ", "  ", "\t", ",", ";", ",,", "4 5",
-                            "9\v8", "1e-5;", "\t-0.0\t", "1.23456789012345678901"};
+                            "9\v8", "1e-5;", "\t-0.0\t", "1.23456789012345678901",
+                            "0.12345678", "-2.7182818284e-03", "12.34567890123", "5.00000000",
+                            "1.9999999999999999", "3.14159265x", "7.1234567E+4"};
     unsigned seed = 12345;
     auto next = [&seed]() { return (seed = seed * 1103515245u + 12345u) >> 16; };
     instr->IgnoreNonNumericTokens = true;
