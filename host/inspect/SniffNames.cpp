@@ -144,12 +144,18 @@ std::optional<NamesLine> namesLine(const SniffPlan &plan, size_t count)
 }
 
 /* Names made unique as the loader makes names read from a file: a repeated
-   name gets its position appended. */
+   name gets its position appended. A backslash that ends a name is left
+   out: in NAMES it would escape the comma after it and join the name to
+   the next; a name of backslashes alone gets its generic name. */
 std::vector<std::string> uniqueNames(std::vector<std::string> names)
 {
     std::set<std::string> seen;
     for (size_t i = 0; i < names.size(); ++i) {
         names[i].resize(std::min<size_t>(names[i].size(), 120)); /* a set's names hold 128 */
+        while (!names[i].empty() && names[i].back() == '\\')
+            names[i].pop_back();
+        if (names[i].empty())
+            names[i] = fmt::format("V{}", i + 1);
         if (!seen.insert(names[i]).second)
             names[i] += std::to_string(i + 1);
     }
