@@ -32,7 +32,13 @@ public:
     /* Texts of the error boxes and of the message boxes, in order. */
     std::vector<std::string> errors() const;
     std::vector<std::string> messages() const;
-    void clearTranscript() { events_.clear(); }
+    /* Forgets the events and progress checks so far: a backend that serves
+       many runs (a fuzz harness's, millions of loads) keeps only the last. */
+    void clearTranscript()
+    {
+        events_.clear();
+        checks_.clear();
+    }
     /* Drops the answers not used yet, so a new run starts from its own. */
     void clearAnswers() { answers_.clear(); }
     /* Percents passed to progress checks, in order. */

@@ -50,6 +50,9 @@ TEST_F(ScriptedUiTest, CancelIsPressedAtItsPercentUntilTheBoxIsDropped)
     CvnUtilDialogDropPercentDone();
     EXPECT_EQ(ui().transcript().at(0), (UiEvent{Kind::progress, "", "Scanning file...", "", true}));
     EXPECT_EQ(ui().progressChecks(), (std::vector<int>{49, 50, 3, 3}));
+    ui().clearTranscript();
+    EXPECT_TRUE(ui().transcript().empty());
+    EXPECT_TRUE(ui().progressChecks().empty()) << "a backend serving many runs must not grow";
 }
 
 TEST_F(ScriptedUiTest, EventsAsJsonLines)
